@@ -1,0 +1,16 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "game/state.h"
+
+namespace frmscopa {
+
+/// The computer's turn: plays the first card of its hand, in slot order, that captures, or else
+/// discards one at random by fixed verdicts. Expects giocatore at 2 and the move cleared; leaves
+/// the card shown at the played-card place, postoMano, and the capture as combina does. Runs
+/// events.
+void gioco2(Game&);
+
+}  // namespace frmscopa

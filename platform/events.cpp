@@ -1,0 +1,143 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include "platform/events.h"
+
+#include <algorithm>
+#include <cassert>
+
+#include "platform/backend.h"
+
+namespace {
+
+std::size_t slot(Source source, Verb verb) {
+    return static_cast<std::size_t>(source) * verbs + static_cast<std::size_t>(verb);
+}
+
+double nextDue(const Runtime& runtime) {
+    double due = never;
+    for (const Timer* timer : runtime.timers)
+        if (timer->enabled) due = std::min(due, timer->due);
+    return due;
+}
+
+void fireTimers(Runtime& runtime) {
+    for (Timer* timer : runtime.timers) {
+        const double now = rtcGetTimer(runtime);
+        if (!timer->enabled || timer->due > now) continue;
+        // Ticks that were missed while nothing pumped are not made up for.
+        const double period = timer->interval / 1000.0;
+        timer->due = std::max(timer->due + period, now);
+        deliver(runtime, {timer->source, Verb::Timer});
+    }
+}
+
+void deliverQueued(Runtime& runtime) {
+    // A procedure may queue further events; those wait for the next round.
+    const std::size_t pending = runtime.queue.size();
+    for (std::size_t i = 0; i < pending; ++i) {
+        const Event event = runtime.queue[i];
+        deliver(runtime, event);
+    }
+    runtime.queue.erase(runtime.queue.begin(),
+                        runtime.queue.begin() + static_cast<std::ptrdiff_t>(pending));
+}
+
+}  // namespace
+
+Runtime::Runtime(Backend& b, std::span<const Handler> table) : backend(b) {
+    for (const Handler& row : table) {
+        assert(static_cast<int>(row.source) < mostSources);
+        procedures[slot(row.source, row.verb)] = row.run;
+    }
+    queue.reserve(64);
+}
+
+void deliver(Runtime& runtime, const Event& event) {
+    if (const auto run = runtime.procedures[slot(event.source, event.verb)]) run(runtime, event);
+}
+
+double rtcGetTimer(Runtime& runtime) {
+    return runtime.backend.clock();
+}
+
+void rtcDoEvents(Runtime& runtime, double until) {
+    runtime.backend.present();
+    runtime.backend.wait(runtime.queue.empty() ? std::min(until, nextDue(runtime)) : atOnce);
+    fireTimers(runtime);
+    if (!runtime.queue.empty()) deliverQueued(runtime);
+}
+
+void showFrame(Runtime& runtime) {
+    const double until = rtcGetTimer(runtime) + runtime.backend.frameSeconds;
+    do rtcDoEvents(runtime, until);
+    while (rtcGetTimer(runtime) < until);
+}
+
+void showUntil(Runtime& runtime, double until) {
+    runtime.backend.present();
+    while (rtcGetTimer(runtime) < until) runtime.backend.wait(until);
+}
+
+bool activateNext(Runtime& runtime) {
+    if (runtime.activations.empty()) return false;
+    Form* form = runtime.activations.front();
+    runtime.activations.erase(runtime.activations.begin());
+    deliver(runtime, {form->source, Verb::Activate});
+    return true;
+}
+
+void pressAt(Runtime& runtime, const Form& form, float x, float y, int button) {
+    if (const Control* control = controlAt(form, x, y)) {
+        runtime.queue.push_back({control->source, Verb::Click, control->index});
+    } else {
+        runtime.queue.push_back({form.source, Verb::MouseDown, 0, button, 0, x, y});
+    }
+}
+
+void clickOn(Runtime& runtime, Form& form, Control& control) {
+    if (control.kind == Kind::option) {
+        for (Control* other : form.controls)
+            if (other->kind == Kind::option && other->source == control.source)
+                static_cast<OptionButton*>(other)->Value = other == &control;
+    }
+    runtime.queue.push_back({control.source, Verb::Click, control.index});
+}
+
+void ZOrder(Runtime& runtime, Control& control) {
+    control.z = ++runtime.raised;
+}
+
+void Enabled(Runtime& runtime, Timer& timer, bool enabled) {
+    if (enabled && !timer.enabled) timer.due = rtcGetTimer(runtime) + timer.interval / 1000.0;
+    timer.enabled = enabled;
+}
+
+void Interval(Runtime& runtime, Timer& timer, int milliseconds) {
+    timer.interval = milliseconds;
+    timer.due = rtcGetTimer(runtime) + milliseconds / 1000.0;
+}
+
+void Load(Runtime& runtime, Form& form) {
+    if (form.loaded) return;
+    form.loaded = true;
+    deliver(runtime, {form.source, Verb::Load});
+}
+
+void Show(Runtime& runtime, Form& form) {
+    Load(runtime, form);
+    form.Visible = true;
+    runtime.front = &form;
+    runtime.backend.show(form);
+    std::erase(runtime.activations, &form);
+    runtime.activations.push_back(&form);
+}
+
+void Unload(Runtime& runtime, Form& form) {
+    if (!form.loaded) return;
+    std::erase(runtime.activations, &form);
+    form.loaded = false;
+    form.Visible = false;
+    runtime.backend.hide(form);
+    deliver(runtime, {form.source, Verb::Unload});
+}

@@ -1,0 +1,103 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include "platform/form.h"
+
+#include <algorithm>
+
+#include "platform/backend.h"
+
+namespace {
+
+constexpr float outlineThickness = 2;
+
+void paint(Form& form, const Painted& entry) {
+    form.surface.add(entry);
+    form.backend->painted(form, entry);
+}
+
+void fill(Form& form, const Box& box, Colour colour) {
+    paint(form, {box, box, picture::none, colour});
+}
+
+void outline(Form& form, const Box& box, Colour colour) {
+    const auto [left, top, right, bottom] = box;
+    const float pen = outlineThickness;
+    fill(form, {left, top, right, top + pen}, colour);
+    fill(form, {left, bottom - pen, right, bottom}, colour);
+    fill(form, {left, top + pen, left + pen, bottom - pen}, colour);
+    fill(form, {right - pen, top + pen, right, bottom - pen}, colour);
+}
+
+}  // namespace
+
+void PaintPicture(Form& form, Picture picture, float x, float y, float width, float height) {
+    const Box box{x, y, x + width, y + height};
+    paint(form, {box, box, picture, 0});
+}
+
+void Line(Form& form, float x1, float y1, float x2, float y2, Colour colour, LineStyle style) {
+    const Box box{std::min(x1, x2), std::min(y1, y2), std::max(x1, x2) + 1, std::max(y1, y2) + 1};
+    if (style == LineStyle::B) {
+        outline(form, box, colour);
+    } else {
+        fill(form, box, colour);
+    }
+}
+
+Colour Point(const Form& form, float x, float y) {
+    const Painted* top = form.surface.at(x, y);
+    if (!top) return form.surface.backColor;
+    if (top->picture == picture::none) return top->colour;
+    const Box& box = top->box;
+    return form.backend->pixel(top->picture, (x - box.left) / (box.right - box.left),
+                               (y - box.top) / (box.bottom - box.top));
+}
+
+void Cls(Form& form) {
+    form.surface.clear();
+    form.backend->cleared(form);
+}
+
+void BackColor(Form& form, Colour colour) {
+    form.surface.backColor = colour;
+    Cls(form);
+}
+
+bool isNative(const Control& control) {
+    return control.kind != Kind::image && control.kind != Kind::label;
+}
+
+PixelBox pixelsOf(const Control& control, const PixelGrid& grid) {
+    PixelBox box = toPixels({control.Left, control.Top, control.Left + control.Width,
+                             control.Top + control.Height},
+                            grid);
+    if (control.fixedWidth != 0) box.right = box.left + control.fixedWidth;
+    if (control.fixedHeight != 0) box.bottom = box.top + control.fixedHeight;
+    return box;
+}
+
+const Control* controlAt(const Form& form, float x, float y) {
+    const auto pixelX = static_cast<float>(x * form.grid.x);
+    const auto pixelY = static_cast<float>(y * form.grid.y);
+    const Control* found = nullptr;
+    for (const Control* control : form.controls) {
+        if (!control->Visible || isNative(*control)) continue;
+        const PixelBox box = pixelsOf(*control, form.grid);
+        const bool inside = pixelX >= static_cast<float>(box.left) &&
+                            pixelX < static_cast<float>(box.right) &&
+                            pixelY >= static_cast<float>(box.top) &&
+                            pixelY < static_cast<float>(box.bottom);
+        if (inside && (!found || control->z >= found->z)) found = control;
+    }
+    return found;
+}
+
+std::vector<const Control*> drawnControls(const Form& form) {
+    std::vector<const Control*> drawn;
+    for (const Control* control : form.controls)
+        if (control->Visible && !isNative(*control)) drawn.push_back(control);
+    std::stable_sort(drawn.begin(), drawn.end(),
+                     [](const Control* a, const Control* b) { return a->z < b->z; });
+    return drawn;
+}

@@ -1,0 +1,54 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <vector>
+
+#include "platform/controls.h"
+
+/// A box in table units, left and top edge included, right and bottom edge not.
+struct Box {
+    float left = 0, top = 0, right = 0, bottom = 0;
+};
+
+/// A box of whole pixels, right and bottom edge not included.
+struct PixelBox {
+    int left = 0, top = 0, right = 0, bottom = 0;
+    bool operator==(const PixelBox&) const = default;
+};
+
+/// Pixels per table unit, across and down.
+struct PixelGrid {
+    double x = 1, y = 1;
+};
+
+/// The one way from units to pixels. Every edge is rounded by the same rule, so a box that contains
+/// another one in units contains it in pixels too, at any size and scale.
+PixelBox toPixels(const Box&, const PixelGrid&);
+
+/// One thing painted. Everything painted is opaque: it hides what lies below it.
+struct Painted {
+    Box box;                          ///< where it was painted
+    Box visible;                      ///< the part that later paint has not hidden, or more
+    Picture picture = picture::none;  ///< none: a box filled with colour
+    Colour colour = 0;
+};
+
+/// What has been painted since the surface was last cleared, lowest first.
+struct Surface {
+    Colour backColor = 0;
+    std::vector<Painted> list;
+
+    /// Adds an entry on top and drops or trims what it hides among the newest ones, so that a card
+    /// that slides leaves no trail of entries.
+    void add(const Painted&);
+    /// Drops every entry that one later entry hides. The picture stays the same.
+    void tidy();
+    void clear();
+    /// The topmost entry at a point; nullptr where there is none.
+    const Painted* at(float x, float y) const;
+
+private:
+    std::size_t tidyAt_ = 512;
+};

@@ -1,0 +1,90 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include "preferences/settings.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <optional>
+#include <string_view>
+
+#include "platform/backend.h"
+
+namespace {
+
+/// Above this the hands would touch the table's rows; below it no card can be read.
+constexpr float smallestScale = 40, largestScale = 106;
+
+constexpr std::string_view blanks = " \t\r\n";
+
+/// Takes the next field off the front: it ends at a comma, a blank or a line end.
+std::string_view takeField(std::string_view& rest) {
+    rest.remove_prefix(std::min(rest.find_first_not_of(blanks), rest.size()));
+    const auto end = std::min(rest.find_first_of(", \t\r\n"), rest.size());
+    const auto field = rest.substr(0, end);
+    rest.remove_prefix(end);
+    rest.remove_prefix(std::min(rest.find_first_not_of(blanks), rest.size()));
+    if (!rest.empty() && rest.front() == ',') rest.remove_prefix(1);
+    return field;
+}
+
+std::optional<float> number(std::string_view field) {
+    float value = 0;
+    const auto end = field.data() + field.size();
+    const auto [stop, fault] = std::from_chars(field.data(), end, value);
+    if (fault != std::errc{} || stop != end || !std::isfinite(value)) return std::nullopt;
+    return value;
+}
+
+void takeInteger(std::string_view& rest, int lowest, int highest, int& value) {
+    const auto read = number(takeField(rest));
+    if (!read || *read < static_cast<float>(lowest) || *read > static_cast<float>(highest)) return;
+    value = rounded(*read);
+}
+
+std::string line(float value) {
+    char text[32];
+    std::snprintf(text, sizeof text, " %.7g \r\n", static_cast<double>(value));
+    return text;
+}
+
+}  // namespace
+
+SettingsFile parseSettings(const std::string& text) {
+    SettingsFile settings;
+    std::string_view rest = text;
+    takeInteger(rest, 0, 12, settings.brano);
+    takeInteger(rest, 1, 3, settings.velocita);
+    if (const auto scale = number(takeField(rest)); scale && *scale > 0) settings.scala = *scale;
+    return settings;
+}
+
+std::string formatSettings(const SettingsFile& settings) {
+    return line(static_cast<float>(settings.brano)) + line(static_cast<float>(settings.velocita)) +
+           line(settings.scala);
+}
+
+namespace frmscopa {
+
+void readSettings(Game& g) {
+    const SettingsFile read = parseSettings(g.backend.readSettings());
+    g.brano = read.brano;
+    g.velocita = read.velocita * 10;
+    g.scalaCarte = std::clamp(read.scala, smallestScale, largestScale) / 100;
+    g.velocità_gioco(read.velocita).Checked = true;
+    g.canzoni(read.brano).Checked = true;
+}
+
+void writeSettings(Game& g) {
+    g.backend.writeSettings(formatSettings({g.brano, g.velocita / 10, g.scalaCarte * 100}));
+}
+
+void velocità_gioco_Click(Game& g, int Index) {
+    for (int i = 1; i <= 3; ++i) g.velocità_gioco(i).Checked = i == Index;
+    g.velocita = Index * 10;
+    writeSettings(g);
+}
+
+}  // namespace frmscopa

@@ -1,0 +1,35 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+
+#include "game/state.h"
+
+/// The settings as the file holds them: music entry 0 to 12, play rate 1 to 3, card scale in
+/// percent, above 0.
+struct SettingsFile {
+    int brano = 12;
+    int velocita = 2;
+    float scala = 100;
+};
+
+/// Reads three numbers that commas, blanks or line ends part. A number that is missing or out of
+/// its range has its delivered value; the others count all the same.
+SettingsFile parseSettings(const std::string& text);
+
+/// The text of the file: each number on its own line between two blanks.
+std::string formatSettings(const SettingsFile&);
+
+namespace frmscopa {
+
+/// Leaves brano, velocita and scalaCarte from the settings file and checks their menu entries.
+void readSettings(Game&);
+
+/// Writes the three values as they stand. velocita is ten times the index here.
+void writeSettings(Game&);
+
+void velocità_gioco_Click(Game&, int Index);  ///< Index 1 to 3
+
+}  // namespace frmscopa

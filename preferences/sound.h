@@ -1,0 +1,20 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "game/state.h"
+
+namespace frmscopa {
+
+/// Opens the chosen melody, which starts with the first hand, and the sound of a card. Expects
+/// brano.
+void prepareSound(Game&);
+
+/// Changes the melody at once and keeps the choice; Index 0 to 12, 0 is no music.
+void canzoni_Click(Game&, int Index);
+
+void MMC1_Done(Game&);           ///< starts a melody that has reached its end over again
+void MMC1_StopCompleted(Game&);  ///< rewinds
+
+}  // namespace frmscopa

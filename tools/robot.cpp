@@ -1,0 +1,104 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include "tools/robot.h"
+
+#include "game/cards.h"
+#include "table/painting.h"
+
+namespace {
+
+constexpr int mostCandidates = 8;
+
+struct Candidate {
+    int bit, value;
+};
+
+}  // namespace
+
+int legalSelections(const Game& g, Array<int, 4095>& masks) {
+    Array<Candidate, tablePlaces> candidates;
+    int count = 0, found = 0;
+    for (int i = 0; i < tablePlaces; ++i) {
+        const auto [row, column] = tableOrder[static_cast<std::size_t>(i)];
+        const int id = g.tavolo(row, column);
+        if (id == 0 || cardValue(id) > g.valoreGiocato) continue;
+        if (cardValue(id) == g.valoreGiocato) masks(found++) = 1 << i;
+        candidates(count++) = {1 << i, cardValue(id)};
+    }
+    if (g.presaUguale || count > mostCandidates) return found;
+    for (int subset = 1; subset < 1 << count; ++subset) {
+        int sum = 0, mask = 0;
+        for (int c = 0; c < count; ++c) {
+            if ((subset >> c & 1) == 0) continue;
+            sum += candidates(c).value;
+            mask |= candidates(c).bit;
+        }
+        if (sum == g.valoreGiocato) masks(found++) = mask;
+    }
+    return found;
+}
+
+int Robot::draw(int n) {
+    // A xorshift generator is quick and good enough to choose cards; 0 is its only dead state.
+    if (state_ == 0) state_ = 0x9e3779b97f4a7c15u;
+    state_ ^= state_ << 13;
+    state_ ^= state_ >> 7;
+    state_ ^= state_ << 17;
+    return static_cast<int>((state_ >> 33) % static_cast<std::uint64_t>(n));
+}
+
+void Robot::pressAt(float x, float y, int button) {
+    ::pressAt(g_, g_.frmscopa, x, y, button);
+}
+
+void Robot::pressHand(int slot) {
+    pressAt(handLeft(g_, slot - 1) + g_.larghezzaCarta / 2, handTop(g_) + g_.altezzaCarta / 2);
+}
+
+void Robot::pressTable(int row, int column) {
+    pressAt(placeLeft(g_, column) + g_.larghezzaCarta / 2,
+            placeTop(g_, row) + g_.altezzaCarta / 2);
+}
+
+bool Robot::holds(int slot) const {
+    return Point(g_.frmscopa, handLeft(g_, slot - 1) + g_.larghezzaCarta / 2,
+                 handTop(g_) + g_.altezzaCarta / 2) != tableColour;
+}
+
+void Robot::playHandCard() {
+    Array<int, 2> held;
+    int count = 0;
+    for (int slot = 1; slot <= 3; ++slot)
+        if (holds(slot)) held(count++) = slot;
+    pressHand(held(draw(count)));
+}
+
+void Robot::select() {
+    Array<int, 4095> masks;
+    const int mask = masks(draw(legalSelections(g_, masks)));
+    for (int i = 0; i < tablePlaces; ++i) {
+        if ((mask >> i & 1) == 0) continue;
+        const auto [row, column] = tableOrder[static_cast<std::size_t>(i)];
+        pressTable(row, column);
+    }
+}
+
+bool Robot::act(double until) {
+    if (g_.GO.Visible) {
+        clickOn(g_, g_.frmscopa, g_.Option1(tipoPartita));
+        clickOn(g_, g_.frmscopa, g_.GO);
+        return true;
+    }
+    if (until != never) return false;
+    if (g_.front == &g_.frmscore) {
+        clickOn(g_, g_.frmscore, g_.Command1);
+    } else if (g_.fase == "selezione") {
+        select();
+    } else if (g_.fase == "gioco1" && g_.cartaGiocata == 0) {
+        playHandCard();
+    } else {
+        return false;
+    }
+    return true;
+}
