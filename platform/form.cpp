@@ -4,6 +4,7 @@
 #include "platform/form.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "platform/backend.h"
 
@@ -72,8 +73,11 @@ PixelBox pixelsOf(const Control& control, const PixelGrid& grid) {
     PixelBox box = toPixels({control.Left, control.Top, control.Left + control.Width,
                              control.Top + control.Height},
                             grid);
-    if (control.fixedWidth != 0) box.right = box.left + control.fixedWidth;
-    if (control.fixedHeight != 0) box.bottom = box.top + control.fixedHeight;
+    const auto onScreen = [&grid](int pixels) {
+        return static_cast<int>(std::lround(pixels * grid.fixed));
+    };
+    if (control.fixedWidth != 0) box.right = box.left + onScreen(control.fixedWidth);
+    if (control.fixedHeight != 0) box.bottom = box.top + onScreen(control.fixedHeight);
     return box;
 }
 

@@ -18,9 +18,10 @@ struct PixelBox {
     bool operator==(const PixelBox&) const = default;
 };
 
-/// Pixels per table unit, across and down.
+/// Pixels of the screen per table unit, across and down, and per pixel of a fixed size.
 struct PixelGrid {
     double x = 1, y = 1;
+    double fixed = 1;
 };
 
 /// The one way from units to pixels. Every edge is rounded by the same rule, so a box that contains

@@ -38,7 +38,7 @@ void writeSmall(Game& g, int index, int block, int k, float top, const std::stri
 
 /// A number as text has a blank in the place of its sign.
 std::string text(int number) {
-    return ' ' + std::to_string(number);
+    return std::string(1, ' ').append(std::to_string(number));
 }
 
 std::string text(bool yes) {

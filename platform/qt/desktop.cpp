@@ -1,0 +1,128 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include "platform/qt/desktop.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QTimer>
+#include <chrono>
+#include <cmath>
+#include <random>
+
+#include "platform/events.h"
+#include "platform/qt/settings_store.h"
+
+namespace {
+
+constexpr double longestSleep = 3600;  ///< seconds, well inside what a timer holds
+
+/// No device: every command is taken and nothing is heard.
+class NoPlayer : public Player {
+public:
+    bool open(const std::string&) override { return false; }
+    void play(std::int32_t) override {}
+    void close() override {}
+    std::int32_t position() const override { return 0; }
+    std::int32_t length() const override { return 0; }
+};
+
+}  // namespace
+
+Desktop::Desktop() {
+    frameSeconds = 1.0 / 60;
+    wipeSeconds = 0.5;
+    clock_.start();
+}
+
+FormWindow* Desktop::existing(const Form& form) const {
+    for (const auto& [owner, window] : windows_)
+        if (owner == &form) return window.get();
+    return nullptr;
+}
+
+FormWindow& Desktop::window(Form& form) {
+    if (FormWindow* window = existing(form)) return *window;
+    windows_.push_back({&form, std::make_unique<FormWindow>(*runtime_, form, pictures_)});
+    return *windows_.back().window;
+}
+
+void Desktop::askToClose(Form& form) {
+    runtime_->queue.push_back({form.source, Verb::QueryUnload});
+}
+
+void Desktop::wait(double until) {
+    const std::size_t before = runtime_->queue.size();
+    if (until <= clock()) {
+        QCoreApplication::processEvents();
+        return;
+    }
+    QTimer alarm;
+    while (runtime_->queue.size() == before) {
+        const double left = std::min(until - clock(), longestSleep);
+        if (left <= 0) return;
+        if (!std::isinf(until)) {
+            alarm.setTimerType(Qt::PreciseTimer);
+            alarm.start(static_cast<int>(std::ceil(left * 1000)));
+        }
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+}
+
+void Desktop::present() {
+    for (const auto& [form, window] : windows_)
+        if (window->isVisible()) window->present();
+}
+
+double Desktop::clock() {
+    return static_cast<double>(clock_.nsecsElapsed()) * 1e-9;
+}
+
+std::uint64_t Desktop::seed() {
+    const auto now = std::chrono::system_clock::now().time_since_epoch().count();
+    return static_cast<std::uint64_t>(now) ^ std::uint64_t{std::random_device{}()} << 32;
+}
+
+std::string Desktop::programFolder() {
+    return QCoreApplication::applicationDirPath().toStdString();
+}
+
+std::string Desktop::readSettings() {
+    return SettingsStore(programFolder()).read();
+}
+
+void Desktop::writeSettings(const std::string& text) {
+    SettingsStore(programFolder()).write(text);
+}
+
+/// A window comes to the front by the later ones being hidden: not every window system lets a
+/// program raise its own, and so nothing flickers in between.
+void Desktop::show(Form& form) {
+    FormWindow& shown = window(form);
+    shown.takeControls();
+    shown.showMaximized();
+    shown.raise();
+    shown.activateWindow();
+    for (auto later = windows_.rbegin(); later->form != &form; ++later) later->window->hide();
+}
+
+void Desktop::hide(Form& form) {
+    if (FormWindow* window = existing(form)) window->hide();
+}
+
+void Desktop::painted(Form& form, const Painted& entry) {
+    if (FormWindow* window = existing(form)) window->view().painted(entry);
+}
+
+void Desktop::cleared(Form& form) {
+    if (FormWindow* window = existing(form)) window->view().cleared();
+}
+
+Colour Desktop::pixel(Picture picture, float across, float down) {
+    const QRgb rgb = pictures_.colour(picture, across, down);
+    return qRed(rgb) | qGreen(rgb) << 8 | qBlue(rgb) << 16;
+}
+
+std::unique_ptr<Player> Desktop::player(DeviceType) {
+    return std::make_unique<NoPlayer>();
+}

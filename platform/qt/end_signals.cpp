@@ -1,0 +1,50 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include "platform/qt/end_signals.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <csignal>
+
+namespace {
+
+constexpr int endings[] = {SIGINT, SIGTERM, SIGHUP};
+
+int ends[2] = {-1, -1};  // the signal handler can reach nothing but a global
+
+/// All that a handler may do safely: wake the event loop by a byte in a pipe.
+void onSignal(int) {
+    const char byte = 0;
+    [[maybe_unused]] const auto written = write(ends[1], &byte, 1);
+}
+
+int openPipe() {
+    if (pipe(ends) != 0) return -1;
+    for (const int end : ends) {
+        fcntl(end, F_SETFD, FD_CLOEXEC);
+        fcntl(end, F_SETFL, O_NONBLOCK);
+    }
+    return ends[0];
+}
+
+}  // namespace
+
+EndSignals::EndSignals(std::function<void()> asked)
+    : notifier_(openPipe(), QSocketNotifier::Read), asked_(std::move(asked)) {
+    QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this] {
+        char bytes[16];
+        while (read(ends[0], bytes, sizeof bytes) > 0) {
+        }
+        asked_();
+    });
+    for (const int signal : endings) std::signal(signal, onSignal);
+}
+
+EndSignals::~EndSignals() {
+    for (const int signal : endings) std::signal(signal, SIG_DFL);
+    notifier_.setEnabled(false);
+    close(ends[0]);
+    close(ends[1]);
+}

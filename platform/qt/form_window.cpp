@@ -1,0 +1,93 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include "platform/qt/form_window.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <cmath>
+
+#include "platform/events.h"
+#include "platform/qt/picture_cache.h"
+
+namespace {
+
+QIcon programIcon() {
+    QIcon icon;
+    for (const int size : {16, 32, 64}) icon.addPixmap(QPixmap::fromImage(drawIcon(size)));
+    return icon;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(Runtime& runtime, Form& form, PictureCache& pictures)
+    : runtime_(runtime), form_(form), view_(new SurfaceView(runtime, form, pictures, this)) {
+    setWindowTitle(QString::fromStdString(form.Caption));
+    setWindowIcon(programIcon());
+    setMinimumSize(320, 240);
+    buildMenu();
+    takeControls();
+}
+
+void FormWindow::takeControls() {
+    natives_.clear();
+    for (Control* control : form_.controls)
+        if (isNative(*control))
+            natives_.push_back(std::make_unique<NativeControl>(runtime_, form_, *control, *view_));
+}
+
+void FormWindow::buildMenu() {
+    if (form_.menu.empty()) return;
+    menuBar_ = new QMenuBar(this);
+    menuBar_->setNativeMenuBar(false);
+    QMenu* menu = nullptr;
+    for (const MenuEntry* entry : form_.menu) {
+        const QString caption = QString::fromStdString(entry->Caption);
+        if (entry->heading) {
+            menu = menuBar_->addMenu(caption);
+            continue;
+        }
+        QAction* action = entry->topLevel ? menuBar_->addAction(caption) : menu->addAction(caption);
+        action->setCheckable(entry->checkable);
+        if (entry->checkable) checkable_.push_back({entry, action});
+        connect(action, &QAction::triggered, this, [this, entry] {
+            runtime_.queue.push_back({entry->source, Verb::Click, entry->index});
+        });
+    }
+}
+
+void FormWindow::layOut() {
+    int top = 0;
+    if (menuBar_) {
+        // A whole number of screen pixels, so that the surface begins on one.
+        const double ratio = devicePixelRatio();
+        top = menuBar_->sizeHint().height();
+        for (int tries = 0; tries < 8 && top * ratio != std::round(top * ratio); ++tries) ++top;
+        menuBar_->setGeometry(0, 0, width(), top);
+    }
+    view_->setGeometry(0, top, width(), std::max(1, height() - top));
+}
+
+void FormWindow::present() {
+    for (const auto& native : natives_) native->present();
+    for (const auto& [entry, action] : checkable_) action->setChecked(entry->Checked);
+    view_->present();
+}
+
+/// The game decides what closing means; it hears of it in its next round of events.
+void FormWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    runtime_.queue.push_back({form_.source, Verb::QueryUnload});
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange)
+        form_.WindowState = isMinimized() ? minimised : maximised;
+    QWidget::changeEvent(event);
+}
+
+void FormWindow::resizeEvent(QResizeEvent*) {
+    layOut();
+}

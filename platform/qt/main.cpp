@@ -1,0 +1,45 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include <QApplication>
+#include <cstdio>
+#include <cstdlib>
+
+#include "game/event_table.h"
+#include "game/state.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/end_signals.h"
+
+namespace {
+
+/// While the window system is being opened its complaints are not the user's: one line says what
+/// is wrong.
+void reportNoDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
+    if (type != QtFatalMsg) return;
+    std::fputs("velarda: there is no display to open a window on\n", stderr);
+    std::_Exit(1);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc > 1 && argv[1][0] != '-') {
+        std::fputs("velarda: takes no arguments\n", stderr);
+        return 2;
+    }
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    QGuiApplication::setDesktopFileName(QStringLiteral("velarda"));
+    qInstallMessageHandler(reportNoDisplay);
+    QApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
+    QApplication::setApplicationName(QStringLiteral("velarda"));
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    Desktop desktop;
+    Game game(desktop);
+    desktop.attach(game);
+    const EndSignals endSignals([&] { desktop.askToClose(game.frmscopa); });
+    runProgram(game);
+    return 0;
+}

@@ -1,0 +1,116 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <cmath>
+
+#include "platform/events.h"
+#include "platform/qt/form_window.h"
+#include "platform/qt/text.h"
+
+namespace {
+
+/// A text that is read and scrolled, and that answers a click.
+class TextPanel : public QPlainTextEdit {
+public:
+    TextPanel(Runtime& runtime, const TextBox& box, QWidget* parent)
+        : QPlainTextEdit(parent), runtime_(runtime), source_(box.source) {
+        setPlainText(QString::fromStdString(box.Text));
+        setReadOnly(true);
+        setTextInteractionFlags(Qt::TextSelectableByKeyboard);
+        setWordWrapMode(QTextOption::WordWrap);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setVerticalScrollBarPolicy(box.scrollBar ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+        setTabStopDistance(fontMetrics().horizontalAdvance('0') * 14);
+        setContextMenuPolicy(Qt::NoContextMenu);
+        setAccessibleName(QString::fromStdString(box.name));
+        QPalette colours = palette();
+        colours.setColor(QPalette::Base, toQt(box.BackColor));
+        colours.setColor(QPalette::Text, Qt::black);
+        setPalette(colours);
+        viewport()->setCursor(Qt::ArrowCursor);
+    }
+
+protected:
+    /// Events of the text itself come here; the scroll bar keeps its own.
+    void mousePressEvent(QMouseEvent*) override {
+        runtime_.queue.push_back({source_, Verb::Click});
+    }
+    void mouseMoveEvent(QMouseEvent*) override {}
+    void mouseReleaseEvent(QMouseEvent*) override {}
+    void mouseDoubleClickEvent(QMouseEvent*) override {}
+
+private:
+    Runtime& runtime_;
+    Source source_;
+};
+
+void setColours(QRadioButton& button, const OptionButton& option) {
+    QPalette colours = button.palette();
+    button.setBackgroundRole(QPalette::Window);
+    colours.setColor(QPalette::Window, toQt(option.BackColor));
+    colours.setColor(QPalette::WindowText, toQt(option.ForeColor));
+    button.setPalette(colours);
+    button.setAutoFillBackground(true);
+}
+
+}  // namespace
+
+NativeControl::NativeControl(Runtime& runtime, Form& form, Control& control, SurfaceView& view)
+    : runtime_(runtime), form_(form), control_(control), view_(view) {}
+
+void NativeControl::make() {
+    if (control_.kind == Kind::text) {
+        widget_ = new TextPanel(runtime_, static_cast<const TextBox&>(control_), &view_);
+        return;
+    }
+    QAbstractButton* button = nullptr;
+    if (control_.kind == Kind::option) {
+        auto* radio = new QRadioButton(&view_);
+        setColours(*radio, static_cast<const OptionButton&>(control_));
+        button = radio;
+    } else {
+        auto* push = new QPushButton(&view_);
+        push->setAutoDefault(true);
+        button = push;
+    }
+    QObject::connect(button, &QAbstractButton::clicked, button,
+                     [this] { clickOn(runtime_, form_, control_); });
+    widget_ = button;
+}
+
+void NativeControl::place() {
+    const QRect place = view_.toWidget(pixelsOf(control_, form_.grid));
+    if (widget_->geometry() == place) return;
+    widget_->setGeometry(place);
+    if (control_.kind != Kind::text)
+        widget_->setFont(sansSerif(control_.kind == Kind::option ? 10 : 9, false, place.height()));
+}
+
+void NativeControl::fillIn() {
+    if (control_.kind == Kind::button) {
+        const auto& button = static_cast<const Button&>(control_);
+        static_cast<QPushButton*>(widget_)->setText(QString::fromStdString(button.Caption));
+    } else if (control_.kind == Kind::option) {
+        const auto& option = static_cast<const OptionButton&>(control_);
+        auto* radio = static_cast<QRadioButton*>(widget_);
+        radio->setText(QString::fromStdString(option.Caption));
+        radio->setChecked(option.Value);
+    }
+}
+
+void NativeControl::present() {
+    if (!control_.Visible) {
+        if (widget_ && widget_->isVisible()) widget_->hide();
+        return;
+    }
+    if (!widget_) make();
+    place();
+    fillIn();
+    if (control_.z != raised_) widget_->raise();
+    raised_ = control_.z;
+    if (!widget_->isVisible()) widget_->show();
+}

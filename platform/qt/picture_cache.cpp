@@ -1,0 +1,68 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include "platform/qt/picture_cache.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+#include <algorithm>
+
+namespace {
+
+/// Enough for all that one hand shows on a 4K screen.
+constexpr qsizetype mostBytes = qsizetype{48} << 20;
+
+QImage draw(const QString& name, int width, int height) {
+    QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QSvgRenderer renderer(QStringLiteral(":/pictures/") + name + QStringLiteral(".svg"));
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    renderer.render(&painter, QRectF(0, 0, width, height));
+    return image;
+}
+
+bool isCard(Picture picture) {
+    return picture >= 1 && picture <= picture::back;
+}
+
+}  // namespace
+
+const QImage& PictureCache::image(Picture picture, int width, int height) {
+    const auto found = std::find_if(drawn_.begin(), drawn_.end(), [&](const Drawn& drawn) {
+        return drawn.picture == picture && drawn.image.width() == width &&
+               drawn.image.height() == height;
+    });
+    if (found != drawn_.end()) {
+        drawn_.splice(drawn_.begin(), drawn_, found);
+        return drawn_.front().image;
+    }
+    QImage image = draw(QString::fromStdString(picture::name(picture)), width, height);
+    if (isCard(picture)) image.convertTo(QImage::Format_RGB32);
+    bytes_ += image.sizeInBytes();
+    drawn_.push_front({picture, std::move(image)});
+    forgetOldest();
+    return drawn_.front().image;
+}
+
+QRgb PictureCache::colour(Picture picture, float across, float down) {
+    const auto found = std::find_if(drawn_.begin(), drawn_.end(), [&](const Drawn& drawn) {
+        return drawn.picture == picture;
+    });
+    const QImage& drawn = found != drawn_.end() ? found->image : image(picture, 100, 186);
+    const auto pixel = [](float part, int size) {
+        return std::clamp(static_cast<int>(part * static_cast<float>(size)), 0, size - 1);
+    };
+    return drawn.pixel(pixel(across, drawn.width()), pixel(down, drawn.height()));
+}
+
+void PictureCache::forgetOldest() {
+    while (bytes_ > mostBytes && drawn_.size() > 1) {
+        bytes_ -= drawn_.back().image.sizeInBytes();
+        drawn_.pop_back();
+    }
+}
+
+QImage drawIcon(int size) {
+    return draw(QStringLiteral("icon"), size, size);
+}

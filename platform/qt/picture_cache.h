@@ -1,0 +1,34 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QImage>
+#include <list>
+
+#include "platform/pictures.h"
+
+/// The program's pictures, drawn from their vector sources at the sizes that are asked for. A
+/// picture is read when it is first needed; the images used last are kept.
+class PictureCache {
+public:
+    /// The picture at a size in pixels of the screen, both above 0. Faces and the back are opaque.
+    const QImage& image(Picture, int width, int height);
+
+    /// The picture's colour at (across, down), both from 0 to below 1.
+    QRgb colour(Picture, float across, float down);
+
+private:
+    struct Drawn {
+        Picture picture;
+        QImage image;
+    };
+
+    void forgetOldest();
+
+    std::list<Drawn> drawn_;  ///< the one used last in front
+    qsizetype bytes_ = 0;
+};
+
+/// The program's icon at a size in pixels.
+QImage drawIcon(int size);

@@ -1,0 +1,176 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include "platform/qt/surface_view.h"
+
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <cmath>
+
+#include "platform/events.h"
+#include "platform/qt/picture_cache.h"
+#include "platform/qt/text.h"
+
+namespace {
+
+QRect toRect(const PixelBox& box) {
+    return QRect(QPoint(box.left, box.top), QPoint(box.right - 1, box.bottom - 1));
+}
+
+int buttonNumber(Qt::MouseButton button) {
+    return button == Qt::LeftButton ? 1 : button == Qt::RightButton ? 2 : 4;
+}
+
+}  // namespace
+
+SurfaceView::SurfaceView(Runtime& runtime, Form& form, PictureCache& pictures, QWidget* parent)
+    : QWidget(parent), runtime_(runtime), form_(form), pictures_(pictures) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::ClickFocus);
+}
+
+QRect SurfaceView::toWidget(const PixelBox& box) const {
+    const double ratio = canvas_.devicePixelRatio();
+    const auto down = [ratio](int pixel) { return static_cast<int>(std::floor(pixel / ratio)); };
+    const auto up = [ratio](int pixel) { return static_cast<int>(std::ceil(pixel / ratio)); };
+    return QRect(QPoint(down(box.left), down(box.top)),
+                 QPoint(up(box.right) - 1, up(box.bottom) - 1));
+}
+
+void SurfaceView::fitCanvas() {
+    const double ratio = devicePixelRatio();
+    const QSize size(std::max(1, static_cast<int>(std::lround(width() * ratio))),
+                     std::max(1, static_cast<int>(std::lround(height() * ratio))));
+    if (canvas_.size() == size && canvas_.devicePixelRatio() == ratio) return;
+    canvas_ = QImage(size, QImage::Format_RGB32);
+    canvas_.setDevicePixelRatio(ratio);
+    form_.grid = {size.width() / static_cast<double>(unitsAcross),
+                  size.height() / static_cast<double>(unitsDown), ratio};
+    redraw();
+    runtime_.queue.push_back({form_.source, Verb::Resize});
+}
+
+void SurfaceView::redraw() {
+    form_.surface.tidy();
+    canvas_.fill(toQt(form_.surface.backColor));
+    for (const Painted& entry : form_.surface.list) draw(entry);
+    changed_ = rect();
+}
+
+void SurfaceView::painted(const Painted& entry) {
+    if (canvas_.isNull()) return;
+    draw(entry);
+    changed_ += toWidget(toPixels(entry.box, form_.grid));
+}
+
+void SurfaceView::cleared() {
+    if (canvas_.isNull()) return;
+    canvas_.fill(toQt(form_.surface.backColor));
+    changed_ = rect();
+}
+
+void SurfaceView::draw(const Painted& entry) {
+    QPainter painter(&canvas_);
+    // From here on coordinates are the canvas's own pixels.
+    painter.scale(1 / canvas_.devicePixelRatio(), 1 / canvas_.devicePixelRatio());
+    const QRect box = toRect(toPixels(entry.box, form_.grid));
+    if (box.isEmpty()) return;
+    if (entry.picture == picture::none) {
+        painter.fillRect(box, toQt(entry.colour));
+        return;
+    }
+    const PixelBox seen = toPixels(entry.visible, form_.grid);
+    painter.setClipRect(toRect(seen));
+    painter.drawImage(box, pictures_.image(entry.picture, box.width(), box.height()));
+}
+
+std::vector<SurfaceView::Shown> SurfaceView::drawnNow() const {
+    std::vector<Shown> drawn;
+    for (const Control* control : drawnControls(form_)) {
+        Shown shown{control, pixelsOf(*control, form_.grid), picture::none, {}, 0};
+        if (control->kind == Kind::image) {
+            shown.picture = static_cast<const Image*>(control)->picture;
+        } else {
+            const auto* label = static_cast<const Label*>(control);
+            shown.caption = label->Caption;
+            shown.foreColor = label->ForeColor;
+        }
+        // Frames and lamps are stacked at one place, and only the one in front is to be seen.
+        std::erase_if(drawn, [&](const Shown& below) { return below.box == shown.box; });
+        drawn.push_back(std::move(shown));
+    }
+    return drawn;
+}
+
+void SurfaceView::findChangedControls() {
+    std::vector<Shown> now = drawnNow();
+    const auto missing = [](const std::vector<Shown>& list, const Shown& shown) {
+        return std::find(list.begin(), list.end(), shown) == list.end();
+    };
+    for (const Shown& old : shown_)
+        if (missing(now, old)) changed_ += toWidget(old.box);
+    for (const Shown& shown : now)
+        if (missing(shown_, shown)) changed_ += toWidget(shown.box);
+    // Two that have changed places in the stack.
+    if (now.size() == shown_.size())
+        for (std::size_t i = 0; i < now.size(); ++i)
+            if (now[i].control != shown_[i].control) changed_ += toWidget(now[i].box);
+    shown_ = std::move(now);
+}
+
+void SurfaceView::present() {
+    if (canvas_.isNull() || !isVisible()) return;
+    findChangedControls();
+    if (changed_.isEmpty()) return;
+    const QRegion region = changed_;
+    changed_ = {};
+    repaint(region);
+}
+
+void SurfaceView::drawControl(QPainter& painter, const Shown& shown) const {
+    const QRect box = toRect(shown.box);
+    if (box.isEmpty()) return;
+    if (shown.control->kind == Kind::image) {
+        painter.drawImage(box, pictures_.image(shown.picture, box.width(), box.height()));
+    } else {
+        drawLabel(painter, *static_cast<const Label*>(shown.control), box, form_.grid.fixed);
+    }
+}
+
+void SurfaceView::paintEvent(QPaintEvent* event) {
+    if (canvas_.isNull()) return;
+    QPainter painter(this);
+    painter.drawImage(0, 0, canvas_);
+    painter.scale(1 / canvas_.devicePixelRatio(), 1 / canvas_.devicePixelRatio());
+    for (const Shown& shown : shown_)
+        if (event->region().intersects(toWidget(shown.box))) drawControl(painter, shown);
+}
+
+void SurfaceView::resizeEvent(QResizeEvent*) {
+    fitCanvas();
+    findChangedControls();
+}
+
+void SurfaceView::mousePressEvent(QMouseEvent* event) {
+    const double ratio = canvas_.devicePixelRatio();
+    // The middle of the pixel that was hit.
+    const auto units = [ratio](double place, double perUnit) {
+        return static_cast<float>((std::floor(place * ratio) + 0.5) / perUnit);
+    };
+    const QPointF place = event->position();
+    pressAt(runtime_, form_, units(place.x(), form_.grid.x), units(place.y(), form_.grid.y),
+            buttonNumber(event->button()));
+}
+
+/// The second press of a double click is a press like any other.
+void SurfaceView::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+}
+
+bool SurfaceView::event(QEvent* event) {
+    const bool done = QWidget::event(event);
+    const auto type = event->type();
+    if (type == QEvent::ScreenChangeInternal || type == QEvent::Show) fitCanvas();
+    return done;
+}

@@ -1,0 +1,61 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QImage>
+#include <QRegion>
+#include <QWidget>
+#include <vector>
+
+#include "platform/form.h"
+
+class PictureCache;
+struct Runtime;
+
+/// The painted surface of a form and the controls that are drawn in front of it. It keeps the
+/// surface as an image of the screen's own pixels and draws it anew from the surface's list when
+/// the size changes.
+class SurfaceView : public QWidget {
+public:
+    SurfaceView(Runtime&, Form&, PictureCache&, QWidget* parent);
+
+    void painted(const Painted&);
+    void cleared();
+    /// Shows at once what has changed since the last time.
+    void present();
+    /// A box of screen pixels in the widget's coordinates, grown to whole ones.
+    QRect toWidget(const PixelBox&) const;
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void mouseDoubleClickEvent(QMouseEvent*) override;
+    bool event(QEvent*) override;
+
+private:
+    /// What was last shown of a drawn control.
+    struct Shown {
+        const Control* control;
+        PixelBox box;
+        Picture picture;
+        std::string caption;
+        Colour foreColor;
+        bool operator==(const Shown&) const = default;
+    };
+
+    void fitCanvas();
+    void redraw();
+    void draw(const Painted&);
+    std::vector<Shown> drawnNow() const;
+    void findChangedControls();
+    void drawControl(QPainter&, const Shown&) const;
+
+    Runtime& runtime_;
+    Form& form_;
+    PictureCache& pictures_;
+    QImage canvas_;
+    QRegion changed_;
+    std::vector<Shown> shown_;
+};
