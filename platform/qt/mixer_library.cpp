@@ -1,0 +1,102 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include "platform/qt/mixer_library.h"
+
+#include <QLibrary>
+#include <optional>
+
+namespace {
+
+/// A library under the first of its names that can be loaded, and what could not be found in it.
+class Loaded {
+public:
+    explicit Loaded(const char* name) {
+        library_.setFileNameAndVersion(QString::fromLatin1(name) + QStringLiteral("-2.0"), 0);
+        if (library_.load()) return;
+        library_.setFileName(QString::fromLatin1(name));
+        complete_ = library_.load();
+    }
+
+    bool complete() const { return complete_; }
+
+    template <class Function>
+    void take(Function& function, const char* name) {
+        function = reinterpret_cast<Function>(library_.resolve(name));
+        if (!function) complete_ = false;
+    }
+
+    /// Also finds what the libraries have that this one is linked with.
+    template <class Function>
+    Function mayHave(const char* name) {
+        return reinterpret_cast<Function>(library_.resolve(name));
+    }
+
+private:
+    QLibrary library_;
+    bool complete_ = true;
+};
+
+void ignoreLog(void*, int, SDL_LogPriority, const char*) {}
+void ignoreAlsa(const char*, int, const char*, int, const char*, ...) {}
+void ignoreJack(const char*) {}
+
+/// A machine without a sound card, or a damaged melody, is no reason to write to the terminal.
+void silence(Loaded& mixer, Loaded& sdl, const MixerLibrary& functions) {
+    functions.setLog(ignoreLog, nullptr);
+    using FluidLog = void (*)(int, const char*, void*);
+    using SetFluidLog = FluidLog (*)(int, FluidLog, void*);
+    if (const auto set = mixer.mayHave<SetFluidLog>("fluid_set_log_function"))
+        for (int level = 0; level < 5; ++level) set(level, nullptr, nullptr);
+    using SetAlsaHandler = int (*)(decltype(&ignoreAlsa));
+    if (const auto set = sdl.mayHave<SetAlsaHandler>("snd_lib_error_set_handler")) set(ignoreAlsa);
+    using SetJackHandler = void (*)(decltype(&ignoreJack));
+    for (const char* name : {"jack_set_error_function", "jack_set_info_function"})
+        if (const auto set = mixer.mayHave<SetJackHandler>(name)) set(ignoreJack);
+}
+
+void takeSdl(Loaded& sdl, MixerLibrary& functions) {
+    sdl.take(functions.setHint, "SDL_SetHint");
+    sdl.take(functions.setLog, "SDL_LogSetOutputFunction");
+    sdl.take(functions.init, "SDL_Init");
+    sdl.take(functions.quit, "SDL_Quit");
+    sdl.take(functions.addEventWatch, "SDL_AddEventWatch");
+    sdl.take(functions.removeEventWatch, "SDL_DelEventWatch");
+    sdl.take(functions.memory, "SDL_RWFromConstMem");
+}
+
+void takeMixer(Loaded& mixer, MixerLibrary& functions) {
+    mixer.take(functions.openDevice, "Mix_OpenAudioDevice");
+    mixer.take(functions.closeDevice, "Mix_CloseAudio");
+    mixer.take(functions.allocateChannels, "Mix_AllocateChannels");
+    mixer.take(functions.soundFonts, "Mix_GetSoundFonts");
+    mixer.take(functions.setSoundFonts, "Mix_SetSoundFonts");
+    mixer.take(functions.loadWave, "Mix_LoadWAV_RW");
+    mixer.take(functions.freeWave, "Mix_FreeChunk");
+    mixer.take(functions.playWave, "Mix_PlayChannelTimed");
+    mixer.take(functions.haltWave, "Mix_HaltChannel");
+    mixer.take(functions.loadMelody, "Mix_LoadMUSType_RW");
+    mixer.take(functions.freeMelody, "Mix_FreeMusic");
+    mixer.take(functions.playMelody, "Mix_PlayMusic");
+    mixer.take(functions.haltMelody, "Mix_HaltMusic");
+    mixer.take(functions.melodyVolume, "Mix_VolumeMusic");
+}
+
+std::optional<MixerLibrary> load() {
+    Loaded mixer("SDL2_mixer");
+    if (!mixer.complete()) return std::nullopt;
+    Loaded sdl("SDL2");
+    MixerLibrary functions;
+    takeSdl(sdl, functions);
+    takeMixer(mixer, functions);
+    if (!sdl.complete() || !mixer.complete()) return std::nullopt;
+    silence(mixer, sdl, functions);
+    return functions;
+}
+
+}  // namespace
+
+const MixerLibrary* MixerLibrary::find() {
+    static const std::optional<MixerLibrary> library = load();
+    return library ? &*library : nullptr;
+}

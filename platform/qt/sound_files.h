@@ -1,0 +1,28 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <optional>
+
+/// The file that a path names, whatever the case of the letters of its name within its folder; an
+/// exact match comes first. Empty when there is no such file or it holds nothing.
+QString findSoundFile(const QString& path);
+
+/// What a file holds; empty when it cannot be read or is larger than any sound of the game.
+QByteArray readSoundFile(const QString& path);
+
+/// How long a MIDI file plays, in seconds. Nothing unless the file is sound in every part and
+/// plays for between half a second and an hour: a synthesizer that plays anything else over and
+/// over may never come back from it.
+std::optional<double> melodySeconds(const QByteArray& file);
+
+/// Whether a WAVE file says of itself what can be believed.
+bool plausibleWave(const QByteArray& file);
+
+/// The General MIDI sound font to use where the list that a library looks through by itself
+/// (paths between separators, may be null) names none that exists; empty when that list will do or
+/// there is no other.
+QString otherSoundFont(const char* listed);
