@@ -24,7 +24,7 @@ inline bool equalValue(int id, int other) {
 
 inline constexpr int settebello = 7, lastDenaro = 10;
 inline constexpr int tablePlaces = 12;
-inline constexpr int deckSpent = 22;       ///< cimaMazzo after the last deal
+inline constexpr int deckSpent = 22;  ///< cimaMazzo after the last deal
 inline constexpr int movesOfRound = 6;
 
 /// A place of the table.
@@ -33,9 +33,25 @@ struct Place {
 };
 
 /// The places in table order, which settles every tie between table cards.
-inline constexpr std::array<Place, tablePlaces> tableOrder{{{1, 1}, {1, 2}, {1, 3}, {1, 4},
-                                                            {2, 1}, {2, 2}, {2, 3}, {2, 4},
-                                                            {3, 1}, {3, 2}, {3, 3}, {3, 4}}};
+inline constexpr std::array<Place, tablePlaces> tableOrder{{{1, 1},
+                                                            {1, 2},
+                                                            {1, 3},
+                                                            {1, 4},
+                                                            {2, 1},
+                                                            {2, 2},
+                                                            {2, 3},
+                                                            {2, 4},
+                                                            {3, 1},
+                                                            {3, 2},
+                                                            {3, 3},
+                                                            {3, 4}}};
+
+/// The id in the Tag of one of the computer's slots; 0 when its card has been played.
+inline int heldBy(const Image& slot) {
+    int id = 0;
+    for (const char digit : slot.Tag) id = id * 10 + (digit - '0');
+    return id;
+}
 
 /// The very last card of the hand has been played.
 inline bool lastMove(const Game& g) {

@@ -15,7 +15,7 @@ namespace {
 constexpr int lastSlot = 2;
 
 int heldCard(const Game& g, int slot) {
-    return std::stoi(g.dorso(slot).Tag);
+    return heldBy(g.dorso(slot));
 }
 
 /// Takes frames and marks off the table.

@@ -61,17 +61,26 @@ void calcsettanta(Game& g) {
 
 int valoresettanta(int cifra) {
     switch (cifra) {
-        case 7: return 21;
-        case 6: return 18;
-        case 1: return 16;
-        case 5: return 15;
-        case 4: return 14;
-        case 3: return 13;
-        case 2: return 12;
+        case 7:
+            return 21;
+        case 6:
+            return 18;
+        case 1:
+            return 16;
+        case 5:
+            return 15;
+        case 4:
+            return 14;
+        case 3:
+            return 13;
+        case 2:
+            return 12;
         case 8:
         case 9:
-        case 0: return 10;
-        default: return 0;
+        case 0:
+            return 10;
+        default:
+            return 0;
     }
 }
 

@@ -23,34 +23,34 @@ struct Move {
     int postoMano = 0;      ///< its slot in the hand: human 1 to 3, computer 0 to 2
     Array<int, 12> presa;   ///< the table cards taken, from 1; zero entries are skipped
     Array<int, 12> presaX, presaY;  ///< their Left and Top, rounded
-    int numeroPresa = 0;       ///< entries of presa in use; 0: the card stays on the table
-    int sommaPresa = 0;        ///< sum of the values in presa
-    bool presaOk = false;      ///< human: a capture is compulsory, or set up
+    int numeroPresa = 0;            ///< entries of presa in use; 0: the card stays on the table
+    int sommaPresa = 0;             ///< sum of the values in presa
+    bool presaOk = false;           ///< human: a capture is compulsory, or set up
     bool presaUguale = false;  ///< human: a card of equal value lies there; just one may be taken
     int postiVuoti = 0;        ///< empty places passed by combina; 12: the table is bare
     int carteMano = 0, assiMano = 0;  ///< the computer's cards and aces, at the start of its turn
     std::string fase;  ///< what a click means: "gioco1", "selezione", or nothing when empty
-    bool raccoltaFinale = false;  ///< the leftovers are being given to the last taker
+    bool raccoltaFinale = false;            ///< the leftovers are being given to the last taker
     int rigaTavolo = 0, colonnaTavolo = 0;  ///< a table place being worked on
     float posX = 0, posY = 0, posZ = 0;     ///< where a card is being painted or moved
 };
 
 /// One hand, from Mescola to the score sheet.
 struct Hand {
-    Array<int, 40> mazzo;  ///< the shuffled pack: 1-4 table, 5-22 human, 23-40 computer
-    int cimaMazzo = 0;     ///< places used up of the lower half: 4, then 3 more a deal, up to 22
-    Grid<int, 3, 4> tavolo;    ///< rows 1 to 3, columns 1 to 4
-    int mosseGiocate = 0;      ///< cards played since the last deal, 0 to 6
-    int ultimaPresa = 0;       ///< who last took cards; not cleared between hands
+    Array<int, 40> mazzo;    ///< the shuffled pack: 1-4 table, 5-22 human, 23-40 computer
+    int cimaMazzo = 0;       ///< places used up of the lower half: 4, then 3 more a deal, up to 22
+    Grid<int, 3, 4> tavolo;  ///< rows 1 to 3, columns 1 to 4
+    int mosseGiocate = 0;    ///< cards played since the last deal, 0 to 6
+    int ultimaPresa = 0;     ///< who last took cards; not cleared between hands
     Array<int, 40> pilaPrese;  ///< the human's cards as taken; at the end the computer's follow
     int presiUmano = 0;        ///< cards in the human's pile
     Array<int, 2> scope;       ///< by player
     int denariUmano = 0;       ///< these two are counted at the end of the hand
     bool settebelloUmano = false;
-    Array<int, 2> primieraSomma;     ///< by player: points of the best card of each suit
-    Grid<int, 2, 4> primieraCarte;   ///< by player and suit: place in the order, 11: no card
-    int primieraVinta = 0;           ///< player with the higher sum, 0: none
-    int fotoGorilla = 0, giriGorilla = 0;    ///< frame in front, passes through the ten
+    Array<int, 2> primieraSomma;           ///< by player: points of the best card of each suit
+    Grid<int, 2, 4> primieraCarte;         ///< by player and suit: place in the order, 11: no card
+    int primieraVinta = 0;                 ///< player with the higher sum, 0: none
+    int fotoGorilla = 0, giriGorilla = 0;  ///< frame in front, passes through the ten
     int fotoMaschera = 0, giriMaschera = 0;  ///< last frame raised, passes through the five
 };
 

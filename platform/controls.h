@@ -62,8 +62,8 @@ struct TextBox : Control {
 struct MenuEntry {
     Source source{};
     int index = 0;
-    std::string Caption;  ///< & before the access letter
-    bool heading = false;  ///< opens a list of entries and acts no further
+    std::string Caption;    ///< & before the access letter
+    bool heading = false;   ///< opens a list of entries and acts no further
     bool topLevel = false;  ///< stands in the bar itself
     bool checkable = false;
     bool Checked = false;

@@ -23,8 +23,9 @@ double nextDue(const Runtime& runtime) {
 
 void fireTimers(Runtime& runtime) {
     for (Timer* timer : runtime.timers) {
+        if (!timer->enabled) continue;
         const double now = rtcGetTimer(runtime);
-        if (!timer->enabled || timer->due > now) continue;
+        if (timer->due > now) continue;
         // Ticks that were missed while nothing pumped are not made up for.
         const double period = timer->interval / 1000.0;
         timer->due = std::max(timer->due + period, now);

@@ -17,8 +17,17 @@ struct Form;
 struct Runtime;
 
 enum class Verb : std::uint8_t {
-    Click, MouseDown, Change, Timer, Done, StopCompleted,
-    Load, Activate, Resize, QueryUnload, Unload
+    Click,
+    MouseDown,
+    Change,
+    Timer,
+    Done,
+    StopCompleted,
+    Load,
+    Activate,
+    Resize,
+    QueryUnload,
+    Unload
 };
 inline constexpr int verbs = 11, mostSources = 40;
 
@@ -55,11 +64,11 @@ struct Runtime {
 
     Backend& backend;
     Chance chance;
-    std::vector<Event> queue;           ///< what has happened and has not been delivered
+    std::vector<Event> queue;  ///< what has happened and has not been delivered
     std::vector<Timer*> timers;
-    std::vector<Form*> activations;     ///< shown, and not yet activated
-    Form* front = nullptr;              ///< the form shown last
-    unsigned raised = 0;                ///< the last stamp given by ZOrder
+    std::vector<Form*> activations;  ///< shown, and not yet activated
+    Form* front = nullptr;           ///< the form shown last
+    unsigned raised = 0;             ///< the last stamp given by ZOrder
     std::array<decltype(Handler::run), mostSources * verbs> procedures{};
 };
 

@@ -70,9 +70,9 @@ bool isNative(const Control& control) {
 }
 
 PixelBox pixelsOf(const Control& control, const PixelGrid& grid) {
-    PixelBox box = toPixels({control.Left, control.Top, control.Left + control.Width,
-                             control.Top + control.Height},
-                            grid);
+    PixelBox box = toPixels(
+        {control.Left, control.Top, control.Left + control.Width, control.Top + control.Height},
+        grid);
     const auto onScreen = [&grid](int pixels) {
         return static_cast<int>(std::lround(pixels * grid.fixed));
     };
@@ -88,10 +88,9 @@ const Control* controlAt(const Form& form, float x, float y) {
     for (const Control* control : form.controls) {
         if (!control->Visible || isNative(*control)) continue;
         const PixelBox box = pixelsOf(*control, form.grid);
-        const bool inside = pixelX >= static_cast<float>(box.left) &&
-                            pixelX < static_cast<float>(box.right) &&
-                            pixelY >= static_cast<float>(box.top) &&
-                            pixelY < static_cast<float>(box.bottom);
+        const bool inside =
+            pixelX >= static_cast<float>(box.left) && pixelX < static_cast<float>(box.right) &&
+            pixelY >= static_cast<float>(box.top) && pixelY < static_cast<float>(box.bottom);
         if (inside && (!found || control->z >= found->z)) found = control;
     }
     return found;

@@ -24,7 +24,7 @@ struct MMControl {
     std::string FileName;              ///< of the next "Open"
     std::optional<std::int32_t> From;  ///< where the next "Play" starts, which uses it up
     State state = State::closed;
-    std::unique_ptr<Player> player;    ///< made at the first "Open"
+    std::unique_ptr<Player> player;  ///< made at the first "Open"
 };
 
 /// Carries out "Open", "Play", "Stop" or "Close", in any case of letters, at once. "Play" without

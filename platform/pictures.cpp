@@ -13,12 +13,18 @@ std::string name(Picture picture) {
     if (number >= mask(1) && number <= mask(5))
         return "Mask2_" + std::to_string(number - mask(1) + 1);
     switch (picture) {
-        case back: return "dorso";
-        case banner: return "Picture2";
-        case title: return "Picture4";
-        case green: return "Verde";
-        case red: return "Rosso";
-        default: return {};
+        case back:
+            return "dorso";
+        case banner:
+            return "Picture2";
+        case title:
+            return "Picture4";
+        case green:
+            return "Verde";
+        case red:
+            return "Rosso";
+        default:
+            return {};
     }
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 /// How many of the newest entries a new one is compared with. A step of a slide and a step of the
 /// wipe both look alike to their last two steps, which are at most four entries back.
-constexpr int reach = 4;
+constexpr std::size_t reach = 4;
 
 bool contains(const Box& outer, const Box& inner) {
     return outer.left <= inner.left && outer.top <= inner.top && outer.right >= inner.right &&
@@ -29,12 +29,14 @@ void trim(Box& seen, const Box& hiding) {
     if (hiding.bottom >= seen.bottom && hiding.top < seen.bottom) seen.bottom = hiding.top;
 }
 
-bool joinsAcross(const Box& a, const Box& b) {
-    return a.top == b.top && a.bottom == b.bottom && a.left <= b.right && b.left <= a.right;
+/// The two boxes together are one box.
+bool joins(const Box& a, const Box& b) {
+    if (a.top == b.top && a.bottom == b.bottom) return a.left <= b.right && b.left <= a.right;
+    return a.left == b.left && a.right == b.right && a.top <= b.bottom && b.top <= a.bottom;
 }
 
-bool joinsDown(const Box& a, const Box& b) {
-    return a.left == b.left && a.right == b.right && a.top <= b.bottom && b.top <= a.bottom;
+bool sameFill(const Painted& a, const Painted& b) {
+    return a.picture == b.picture && a.colour == b.colour && a.picture == picture::none;
 }
 
 Box hull(const Box& a, const Box& b) {
@@ -53,30 +55,37 @@ PixelBox toPixels(const Box& box, const PixelGrid& grid) {
             edge(box.bottom, grid.y)};
 }
 
-void Surface::add(const Painted& entry) {
-    Painted added = entry;
-    int looked = 0;
-    for (std::size_t i = list.size(); i > 0 && looked < reach; --i, ++looked) {
+bool Surface::continueFill(const Painted& added) {
+    if (added.picture != picture::none || list.empty()) return false;
+    Painted& newest = list.back();
+    const bool same = sameFill(newest, added);
+    if (same && joins(newest.visible, added.box)) {
+        newest.box = newest.visible = hull(newest.visible, added.box);
+        return true;
+    }
+    if (list.size() < 2) return false;
+    Painted& below = list[list.size() - 2];
+    if (!sameFill(below, added) || !joins(below.visible, added.box)) return false;
+    // The box comes to lie below the newest entry, which must not hide a part of it then.
+    if (!same && overlap(newest.visible, added.box)) return false;
+    below.box = below.visible = hull(below.visible, added.box);
+    return true;
+}
+
+void Surface::add(const Painted& added) {
+    if (continueFill(added)) return;
+    const std::size_t lowest = list.size() > reach ? list.size() - reach : 0;
+    for (std::size_t i = list.size(); i > lowest; --i) {
         Painted& below = list[i - 1];
+        if (!overlap(added.visible, below.visible)) continue;
         if (contains(added.visible, below.visible)) {
             list.erase(list.begin() + static_cast<std::ptrdiff_t>(i - 1));
-            continue;
+        } else {
+            trim(below.visible, added.visible);
         }
-        const bool fills = added.picture == picture::none && below.picture == picture::none;
-        if (fills && added.colour == below.colour &&
-            (joinsAcross(added.visible, below.visible) || joinsDown(added.visible, below.visible))) {
-            // The two are one box. It may take the lower one's place only as long as nothing
-            // between them is hidden by the new part, which would then come out again.
-            const bool free = std::none_of(
-                list.begin() + static_cast<std::ptrdiff_t>(i), list.end(),
-                [&](const Painted& between) { return overlap(between.visible, added.visible); });
-            if (free) {
-                below.box = below.visible = hull(below.visible, added.visible);
-                return;
-            }
-        }
-        trim(below.visible, added.visible);
     }
+    // What was hidden wholly is gone now, so a fill may find its like below the newest entry.
+    if (continueFill(added)) return;
     list.push_back(added);
     if (list.size() >= tidyAt_) tidy();
 }

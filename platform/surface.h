@@ -51,5 +51,9 @@ struct Surface {
     const Painted* at(float x, float y) const;
 
 private:
+    /// Lets one of the two newest entries grow by a box of its colour beside it. Each of the wipe's
+    /// 1602 lines is added this way.
+    bool continueFill(const Painted&);
+
     std::size_t tidyAt_ = 512;
 };

@@ -25,8 +25,8 @@ void put(Form& form, Control& control, Kind kind, Source source, int index = 0) 
     form.controls.push_back(&control);
 }
 
-void putImage(Form& form, Image& image, Source source, int index, Picture picture, float twipsAcross,
-              float twipsDown) {
+void putImage(Form& form, Image& image, Source source, int index, Picture picture,
+              float twipsAcross, float twipsDown) {
     put(form, image, Kind::image, source, index);
     image.picture = picture;
     setSize(image, twipsAcross, twipsDown);

@@ -25,9 +25,9 @@ inline constexpr Colour darkRed = 0x000080;
 /// What frmscopa, the table, holds.
 struct TableForm {
     Form frmscopa;
-    Array<Image, 40> carta;   ///< never shown: the picture of a card, where it last was, its mark
-    Array<Image, 2> dorso;    ///< never shown: the computer's slots; Tag is the id held, or "0"
-    Image Mazzo;              ///< never shown: the back of a card
+    Array<Image, 40> carta;  ///< never shown: the picture of a card, where it last was, its mark
+    Array<Image, 2> dorso;   ///< never shown: the computer's slots; Tag is the id held, or "0"
+    Image Mazzo;             ///< never shown: the back of a card
     Array<Image, 10> Gorilla;
     Array<Image, 5> Mask2;
     Array<Image, 1> Verde, Rosso;  ///< turn lamps: 0 the human's, 1 the computer's

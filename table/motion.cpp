@@ -9,9 +9,9 @@
 namespace frmscopa {
 namespace {
 
-constexpr float fanStep = 0.3f;     ///< of a card's height, from one taken card to the next
-constexpr float slideStep = 2;      ///< units
-constexpr float scopaStep = 25;     ///< units, from one scopa card to the next
+constexpr float fanStep = 0.3f;  ///< of a card's height, from one taken card to the next
+constexpr float slideStep = 2;   ///< units
+constexpr float scopaStep = 25;  ///< units, from one scopa card to the next
 constexpr float bannerTime = 120;
 
 void drawFreePlace(Game& g) {

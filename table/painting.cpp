@@ -12,8 +12,8 @@ constexpr float frameInset = 3;
 void drawFrame(Game& g, int id) {
     const Image& card = g.carta(id);
     Line(g.frmscopa, card.Left + frameInset, card.Top + frameInset,
-         card.Left + g.larghezzaCarta - frameInset, card.Top + g.altezzaCarta - frameInset, frameRed,
-         LineStyle::B);
+         card.Left + g.larghezzaCarta - frameInset, card.Top + g.altezzaCarta - frameInset,
+         frameRed, LineStyle::B);
 }
 
 }  // namespace

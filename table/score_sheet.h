@@ -14,7 +14,7 @@ inline constexpr int labelsPerHand = 10;
 /// The last offset whose row and totals still stand clear above the buttons.
 inline constexpr int lastOffset = 19 * labelsPerHand;
 
-void layHeadings(Game&);     ///< title, players' labels and column titles
+void layHeadings(Game&);  ///< title, players' labels and column titles
 void showButtons(Game&);
 void captionPlayers(Game&);
 
@@ -22,8 +22,8 @@ void captionPlayers(Game&);
 /// rows move up by one and the oldest goes; progressoPartita is then set back to lastOffset.
 void fillRow(Game&);
 
-void placeTotals(Game&);     ///< under the row of progressoPartita
-void captionTotals(Game&);   ///< the leader's total is red
+void placeTotals(Game&);    ///< under the row of progressoPartita
+void captionTotals(Game&);  ///< the leader's total is red
 
 /// Shows the card that each player counts in each suit.
 void mostrasettanta(Game&);

@@ -9,16 +9,19 @@ namespace modScopa {
 
 void sipario(Game& g, Form& form, Colour colour) {
     const float width = form.ScaleWidth, height = form.ScaleHeight;
-    const double start = rtcGetTimer(g), wipe = g.backend.wipeSeconds;
+    const double wipe = g.backend.wipeSeconds;
+    const double start = rtcGetTimer(g);
     double nextFrame = start;
+    const auto show = [&](double part) {
+        const double moment = start + wipe * part;
+        if (moment <= nextFrame) return;
+        showUntil(g, moment);
+        nextFrame = moment + g.backend.frameSeconds;
+    };
     for (float x = 0; x <= width; ++x) {
         Line(form, x, 0, x, height / 2 + 1, colour);
         Line(form, width - x, height, width - x, height / 2, colour);
-        const double moment = start + wipe * static_cast<double>(x / width);
-        if (moment > nextFrame) {
-            showUntil(g, moment);
-            nextFrame = moment + g.backend.frameSeconds;
-        }
+        if (wipe > 0) show(static_cast<double>(x / width));
     }
     BackColor(form, colour);
 }

@@ -14,19 +14,20 @@ struct Candidate {
     int bit, value;
 };
 
-}  // namespace
-
-int legalSelections(const Game& g, Array<int, 4095>& masks) {
+/// Calls `found` with each subset of the table that may be marked for the card in play, as bits in
+/// table order: bit 0 for row 1, column 1. Expects verifica to wait for a selection.
+template <class Found>
+void eachLegalSelection(const Game& g, const Found& found) {
     Array<Candidate, tablePlaces> candidates;
-    int count = 0, found = 0;
+    int count = 0;
     for (int i = 0; i < tablePlaces; ++i) {
         const auto [row, column] = tableOrder[static_cast<std::size_t>(i)];
         const int id = g.tavolo(row, column);
         if (id == 0 || cardValue(id) > g.valoreGiocato) continue;
-        if (cardValue(id) == g.valoreGiocato) masks(found++) = 1 << i;
+        if (cardValue(id) == g.valoreGiocato) found(1 << i);
         candidates(count++) = {1 << i, cardValue(id)};
     }
-    if (g.presaUguale || count > mostCandidates) return found;
+    if (g.presaUguale || count > mostCandidates) return;
     for (int subset = 1; subset < 1 << count; ++subset) {
         int sum = 0, mask = 0;
         for (int c = 0; c < count; ++c) {
@@ -34,10 +35,11 @@ int legalSelections(const Game& g, Array<int, 4095>& masks) {
             sum += candidates(c).value;
             mask |= candidates(c).bit;
         }
-        if (sum == g.valoreGiocato) masks(found++) = mask;
+        if (sum == g.valoreGiocato) found(mask);
     }
-    return found;
 }
+
+}  // namespace
 
 int Robot::draw(int n) {
     // A xorshift generator is quick and good enough to choose cards; 0 is its only dead state.
@@ -57,8 +59,7 @@ void Robot::pressHand(int slot) {
 }
 
 void Robot::pressTable(int row, int column) {
-    pressAt(placeLeft(g_, column) + g_.larghezzaCarta / 2,
-            placeTop(g_, row) + g_.altezzaCarta / 2);
+    pressAt(placeLeft(g_, column) + g_.larghezzaCarta / 2, placeTop(g_, row) + g_.altezzaCarta / 2);
 }
 
 bool Robot::holds(int slot) const {
@@ -74,9 +75,17 @@ void Robot::playHandCard() {
     pressHand(held(draw(count)));
 }
 
+/// Each of n selections has the chance 1 / n: the k-th takes the place of the last with 1 / k.
+int Robot::chooseSelection() {
+    int chosen = 0, seen = 0;
+    eachLegalSelection(g_, [&](int mask) {
+        if (draw(++seen) == 0) chosen = mask;
+    });
+    return chosen;
+}
+
 void Robot::select() {
-    Array<int, 4095> masks;
-    const int mask = masks(draw(legalSelections(g_, masks)));
+    const int mask = chooseSelection();
     for (int i = 0; i < tablePlaces; ++i) {
         if ((mask >> i & 1) == 0) continue;
         const auto [row, column] = tableOrder[static_cast<std::size_t>(i)];
@@ -85,12 +94,12 @@ void Robot::select() {
 }
 
 bool Robot::act(double until) {
+    if (until != never && !g_.GO.Visible) return false;
     if (g_.GO.Visible) {
         clickOn(g_, g_.frmscopa, g_.Option1(tipoPartita));
         clickOn(g_, g_.frmscopa, g_.GO);
         return true;
     }
-    if (until != never) return false;
     if (g_.front == &g_.frmscore) {
         clickOn(g_, g_.frmscore, g_.Command1);
     } else if (g_.fase == "selezione") {

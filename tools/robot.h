@@ -25,19 +25,15 @@ public:
 
     // Presses, for scripts that lead the game themselves.
     void pressAt(float x, float y, int button = 1);
-    void pressHand(int slot);             ///< slot 1 to 3
+    void pressHand(int slot);  ///< slot 1 to 3
     void pressTable(int row, int column);
-    bool holds(int slot) const;           ///< a card is to be seen in the slot
+    bool holds(int slot) const;  ///< a card is to be seen in the slot
 
 private:
+    int chooseSelection();
     void playHandCard();
     void select();
 
     Game& g_;
     std::uint64_t state_;
 };
-
-/// The subsets of the table that may be marked for the card in play, as bits in table order:
-/// bit 0 for row 1, column 1. Written to `masks`; returns how many there are. Expects verifica to
-/// wait for a selection.
-int legalSelections(const Game&, Array<int, 4095>& masks);

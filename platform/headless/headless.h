@@ -39,9 +39,9 @@ public:
     VirtualTime time;
     std::string settings;  ///< what the settings file holds
     int settingsWritten = 0;
-    int cardSounds = 0;            ///< how often a sound of a card was started
-    std::string melody;            ///< the file that is open as music, empty for none
-    double melodySeconds = 90;     ///< how long a melody lasts
+    int cardSounds = 0;         ///< how often a sound of a card was started
+    std::string melody;         ///< the file that is open as music, empty for none
+    double melodySeconds = 90;  ///< how long a melody lasts
     bool soundWorks = true;
 
     void wait(double until) override { time.pass(until); }

@@ -62,6 +62,7 @@ void takeSdl(Loaded& sdl, MixerLibrary& functions) {
     sdl.take(functions.quit, "SDL_Quit");
     sdl.take(functions.addEventWatch, "SDL_AddEventWatch");
     sdl.take(functions.removeEventWatch, "SDL_DelEventWatch");
+    sdl.take(functions.leaveThread, "SDL_TLSCleanup");
     sdl.take(functions.memory, "SDL_RWFromConstMem");
 }
 

@@ -20,6 +20,7 @@ struct MixerLibrary {
     decltype(&SDL_Quit) quit = nullptr;
     decltype(&SDL_AddEventWatch) addEventWatch = nullptr;
     decltype(&SDL_DelEventWatch) removeEventWatch = nullptr;
+    decltype(&SDL_TLSCleanup) leaveThread = nullptr;
     decltype(&SDL_RWFromConstMem) memory = nullptr;
 
     decltype(&Mix_OpenAudioDevice) openDevice = nullptr;

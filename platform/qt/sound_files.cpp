@@ -146,6 +146,12 @@ Bytes bytesOf(const QByteArray& file) {
             static_cast<std::size_t>(file.size())};
 }
 
+std::uint32_t leastFirst(Reader& reader, int bytes) {
+    std::uint32_t value = 0;
+    for (int i = 0; i < bytes; ++i) value |= reader.number(1) << 8 * i;
+    return value;
+}
+
 QStringList installedSoundFonts(const QString& folder) {
     const QDir found(folder);
     QStringList paths;
@@ -197,22 +203,18 @@ bool plausibleWave(const QByteArray& file) {
     reader.take(4);
     if (!named(reader.take(8), "WAVEfmt ")) return false;
     reader.take(6);
-    const std::uint32_t channels = reader.number(1) | reader.number(1) << 8;
-    std::uint32_t rate = 0;
-    for (int shift = 0; shift < 32; shift += 8) rate |= reader.number(1) << shift;
+    const std::uint32_t channels = leastFirst(reader, 2), rate = leastFirst(reader, 4);
     return channels >= 1 && channels <= 2 && rate >= 4'000 && rate <= 192'000;
 }
 
-QString otherSoundFont(const char* listed) {
-    if (qEnvironmentVariableIsSet("SDL_SOUNDFONTS")) return {};
-    const QString list = QString::fromLocal8Bit(listed);
+QString findSoundFont(const char* listed) {
     static const QRegularExpression separator(QStringLiteral("[:;]"));
-    for (const QString& path : list.split(separator, Qt::SkipEmptyParts))
-        if (QFileInfo(path).isFile()) return {};
+    const QString first = qEnvironmentVariable("SDL_SOUNDFONTS");
+    QStringList fonts = (first + u':' + QString::fromLocal8Bit(listed)).split(separator);
     for (const char* folder :
-         {"/usr/share/sounds/sf2", "/usr/share/soundfonts", "/usr/share/sounds/sf3"}) {
-        const QStringList fonts = installedSoundFonts(QString::fromLatin1(folder));
-        if (!fonts.empty()) return fonts.front();
-    }
+         {"/usr/share/sounds/sf2", "/usr/share/soundfonts", "/usr/share/sounds/sf3"})
+        fonts += installedSoundFonts(QString::fromLatin1(folder));
+    for (const QString& font : fonts)
+        if (QFileInfo(font).isFile()) return font;
     return {};
 }

@@ -22,7 +22,7 @@ std::optional<double> melodySeconds(const QByteArray& file);
 /// Whether a WAVE file says of itself what can be believed.
 bool plausibleWave(const QByteArray& file);
 
-/// The General MIDI sound font to use where the list that a library looks through by itself
-/// (paths between separators, may be null) names none that exists; empty when that list will do or
-/// there is no other.
-QString otherSoundFont(const char* listed);
+/// The General MIDI sound font to play melodies with: the first one that exists of those that the
+/// environment variable SDL_SOUNDFONTS lists (paths between colons or semicolons), then of the list
+/// given, which may be null, then of those in the system's usual folders. Empty when there is none.
+QString findSoundFont(const char* listed);

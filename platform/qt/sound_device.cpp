@@ -1,0 +1,109 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include "platform/qt/sound_device.h"
+
+#include <utility>
+
+#include "platform/qt/sound_files.h"
+
+namespace {
+
+constexpr int rate = 44100, sides = 2, frame = 4;  ///< a frame: bytes of both sides
+constexpr int bufferFrames = 512;                  ///< 12 ms: a card is heard as it touches down
+constexpr int melodyLoudness = 96;                 ///< of 128: a gain of 0.6 in the synthesizer
+
+SoundClock::duration seconds(double value) {
+    return std::chrono::duration_cast<SoundClock::duration>(std::chrono::duration<double>(value));
+}
+
+SDL_RWops* opened(const MixerLibrary& mixer, const QByteArray& file) {
+    return mixer.memory(file.constData(), static_cast<int>(file.size()));
+}
+
+}  // namespace
+
+Melody loadMelody(const QString& path) {
+    Melody melody{.path = path};
+    const MixerLibrary* mixer = MixerLibrary::find();
+    const QByteArray file = readSoundFile(path);
+    const std::optional<double> length = melodySeconds(file);
+    if (!mixer || !length) return melody;
+    const QString font = findSoundFont(mixer->soundFonts());
+    if (!font.isEmpty()) mixer->setSoundFonts(font.toLocal8Bit().constData());
+    melody.music = {mixer->loadMelody(opened(*mixer, file), MUS_MID, SDL_TRUE), mixer->freeMelody};
+    melody.length = seconds(*length);
+    mixer->leaveThread();
+    return melody;
+}
+
+/// Called wherever the libraries notice, as a rule in the thread that feeds the device.
+int SDLCALL SoundDevice::watch(void* device, SDL_Event* event) {
+    const bool ours = event->type == SDL_AUDIODEVICEREMOVED && event->adevice.which != 0;
+    if (ours && !event->adevice.iscapture) static_cast<SoundDevice*>(device)->lost_();
+    return 0;
+}
+
+bool SoundDevice::openMixer(const MixerLibrary& mixer) {
+    // The libraries would take the signals that end the program for themselves.
+    mixer.setHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    mixer.setHint(SDL_HINT_APP_NAME, "Velarda");
+    if (mixer.init(SDL_INIT_AUDIO) != 0) return false;
+    return mixer.openDevice(rate, AUDIO_S16SYS, sides, bufferFrames, nullptr, 0) == 0;
+}
+
+bool SoundDevice::open() {
+    if (isOpen()) return true;
+    const MixerLibrary* mixer = MixerLibrary::find();
+    if (!mixer) return false;
+    if (!openMixer(*mixer)) {
+        mixer->quit();
+        return false;
+    }
+    mixer_ = mixer;
+    mixer_->addEventWatch(watch, this);
+    mixer_->allocateChannels(1);
+    mixer_->melodyVolume(melodyLoudness);
+    return true;
+}
+
+void SoundDevice::close() {
+    if (!isOpen()) return;
+    mixer_->haltMelody();
+    dropWave();
+    mixer_->removeEventWatch(watch, this);
+    mixer_->closeDevice();
+    std::exchange(mixer_, nullptr)->quit();
+}
+
+void SoundDevice::dropWave() {
+    if (wave_) mixer_->freeWave(std::exchange(wave_, nullptr));
+    wavePath_.clear();
+}
+
+void SoundDevice::readWave(const QString& path) {
+    dropWave();
+    const QByteArray file = readSoundFile(path);
+    if (!plausibleWave(file)) return;
+    wave_ = mixer_->loadWave(opened(*mixer_, file), SDL_TRUE);
+    if (wave_) wavePath_ = path;
+}
+
+std::optional<SoundClock::duration> SoundDevice::playWave(const QString& path) {
+    if (path != wavePath_) readWave(path);
+    if (!wave_ || mixer_->playWave(0, wave_, 0, -1) != 0) return std::nullopt;
+    return seconds(double(wave_->alen) / (rate * frame));
+}
+
+void SoundDevice::stopWave() {
+    if (isOpen()) mixer_->haltWave(0);
+}
+
+bool SoundDevice::playMelody(const Melody& melody) {
+    constexpr int forEver = -1;
+    return mixer_->playMelody(melody.music.get(), forEver) == 0;
+}
+
+void SoundDevice::stopMelody() {
+    if (isOpen()) mixer_->haltMelody();
+}

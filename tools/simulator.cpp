@@ -1,0 +1,210 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+// velarda-sim: plays the real game without a window, in bulk, and says what happened.
+// docs/SIMULATOR.md tells how to use it and what it prints.
+
+#include <charconv>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <fstream>
+#include <optional>
+#include <sstream>
+#include <string_view>
+
+#include "game/event_table.h"
+#include "platform/headless/headless.h"
+#include "tools/monkey.h"
+#include "tools/recorder.h"
+
+namespace {
+
+struct BadArgument : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+struct OutputFailed {};
+
+using Deck = Array<int, 40>;
+
+struct Options {
+    int hands = 1000;
+    std::uint64_t seed = 1;
+    bool monkey = false, transcript = false;
+    std::vector<Deck> decks;
+};
+
+template <class Number>
+Number parseNumber(std::string_view option, const char* text) {
+    Number number{};
+    const std::string_view digits = text ? text : "";
+    const auto [end, fault] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (digits.empty() || fault != std::errc{} || end != digits.data() + digits.size() ||
+        number < 0)
+        throw BadArgument(std::string(option) + " needs a number");
+    return number;
+}
+
+/// One line of forty ids. The shuffle deals no deck whose first four ids add up to 40.
+Deck parseDeck(const std::string& line, int lineNumber) {
+    const auto refuse = [&](const char* why) {
+        throw BadArgument("line " + std::to_string(lineNumber) + " of the decks " + why);
+    };
+    std::istringstream in(line);
+    Deck deck;
+    Array<bool, 40> used;
+    for (int i = 1; i <= 40; ++i) {
+        int id = 0;
+        if (!(in >> id) || id < 1 || id > 40 || used(id)) refuse("is no permutation of 1 to 40");
+        used(id) = true;
+        deck(i) = id;
+    }
+    std::string more;
+    if (in >> more) refuse("has more than forty ids");
+    if (deck(1) + deck(2) + deck(3) + deck(4) == 40) refuse("begins with ids that add up to 40");
+    return deck;
+}
+
+std::vector<Deck> readDecks(const char* path) {
+    std::ifstream in(path ? path : "");
+    if (!in) throw BadArgument("--decks needs a file that can be read");
+    std::vector<Deck> decks;
+    std::string line;
+    for (int number = 1; std::getline(in, line); ++number)
+        if (line.find_first_not_of(" \t\r") != std::string::npos)
+            decks.push_back(parseDeck(line, number));
+    if (in.bad()) throw BadArgument("--decks needs a file that can be read");
+    return decks;
+}
+
+Options parse(int argc, char** argv) {
+    Options options;
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view option = argv[i];
+        const char* value = i + 1 < argc ? argv[i + 1] : nullptr;
+        if (option == "--monkey") {
+            options.monkey = true;
+        } else if (option == "--transcript") {
+            options.transcript = true;
+        } else if (option == "--hands") {
+            options.hands = parseNumber<int>(option, value);
+            ++i;
+        } else if (option == "--seed") {
+            options.seed = parseNumber<std::uint64_t>(option, value);
+            ++i;
+        } else if (option == "--decks") {
+            options.decks = readDecks(value);
+            ++i;
+        } else {
+            throw BadArgument("unknown argument " + std::string(option));
+        }
+    }
+    return options;
+}
+
+void writeOut(std::string& text) {
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) throw OutputFailed{};
+    text.clear();
+}
+
+class Simulation {
+public:
+    explicit Simulation(const Options& options)
+        : options_(options),
+          backend_(options.seed),
+          game_(backend_),
+          robot_(game_, options.seed * 2 + 1),
+          monkey_(game_, options.seed + 0x5eed),
+          recorder_(options.transcript) {
+        game_.chance.prepared.reserve(40);
+        game_.watcher = this;
+        game_.watch = [](Game&, Moment moment, void* self) {
+            static_cast<Simulation*>(self)->see(moment);
+        };
+        backend_.time.user = [this](double until) { return act(until); };
+    }
+
+    void run() {
+        if (options_.hands > 0) runProgram(game_);
+        writeOut(recorder_.text);
+    }
+
+    const Recorder& recorder() const { return recorder_; }
+
+private:
+    void see(Moment moment) {
+        recorder_.see(game_, moment);
+        if (recorder_.text.size() > 1 << 16) writeOut(recorder_.text);
+        if (moment == Moment::scored && recorder_.scored == options_.hands) throw EndProgram{};
+    }
+
+    bool act(double until) {
+        if (options_.monkey && monkey_.tease(until)) return true;
+        if (until != never && !game_.GO.Visible) return false;
+        if (game_.GO.Visible) {
+            robot_.tipoPartita = recorder_.match++ % 3;
+            prepareDeck();
+        } else if (until == never && game_.front == &game_.frmscore &&
+                   game_.Command1.Caption == "CONTINUE") {
+            prepareDeck();
+        }
+        return robot_.act(until);
+    }
+
+    /// Lays the draws ready that make the shuffle of the coming hand come out as the next deck.
+    void prepareDeck() {
+        if (dealt_ == options_.decks.size()) return;
+        const Deck& deck = options_.decks[dealt_++];
+        game_.chance.prepared.clear();
+        for (int i = 40; i >= 1; --i)
+            game_.chance.prepared.push_back((static_cast<float>(deck(i)) + 0.5f) / 41);
+    }
+
+    const Options& options_;
+    Headless backend_;
+    Game game_;
+    Robot robot_;
+    Monkey monkey_;
+    Recorder recorder_;
+    std::size_t dealt_ = 0;
+};
+
+void summarise(const Recorder& recorder, double seconds) {
+    std::printf("%d hands, %ld moves, %ld scope, %.0f hands a second\n", recorder.scored,
+                recorder.moves, recorder.scope, recorder.scored / std::max(seconds, 1e-9));
+}
+
+int simulate(const Options& options) {
+    const auto start = std::chrono::steady_clock::now();
+    Simulation simulation(options);
+    try {
+        simulation.run();
+    } catch (const InvariantBroken& fault) {
+        std::fflush(stdout);
+        std::fprintf(stderr, "velarda-sim: %s: hand %d, seed %llu\n", fault.what(),
+                     simulation.recorder().hands, static_cast<unsigned long long>(options.seed));
+        return 3;
+    }
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+    if (!options.transcript) summarise(simulation.recorder(), taken.count());
+    if (std::fflush(stdout) != 0) throw OutputFailed{};
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+#ifdef SIGPIPE
+    std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is reported like a full disk
+#endif
+    try {
+        return simulate(parse(argc, argv));
+    } catch (const BadArgument& fault) {
+        std::fprintf(stderr, "velarda-sim: %s\n", fault.what());
+        return 2;
+    } catch (const OutputFailed&) {
+        std::fputs("velarda-sim: the output cannot be written\n", stderr);
+        return 1;
+    }
+}
