@@ -37,7 +37,8 @@ std::string readFile(const fs::path& path) {
 }
 
 /// The value of an attribute inside one tag; the fallback where the tag has none.
-std::string attribute(const std::string& tag, const std::string& name, const std::string& fallback = {}) {
+std::string attribute(const std::string& tag, const std::string& name,
+                      const std::string& fallback = {}) {
     const auto start = tag.find(' ' + name + "=\"");
     if (start == std::string::npos) return fallback;
     const auto from = start + name.size() + 3;

@@ -17,7 +17,6 @@ inline constexpr Picture banner = 42;
 inline constexpr Picture title = 43;
 inline constexpr Picture green = 44;
 inline constexpr Picture red = 45;
-inline constexpr int count = 61;
 
 constexpr Picture face(int id) {
     return static_cast<Picture>(id);

@@ -6,7 +6,7 @@
 namespace panelText {
 
 std::string english() {
-    return R"(LUMERIA (VELARDA)
+    return R"(Lumeria (Velarda)
 
 Play cards against the computer. There are three kinds of game: a single game, a match to 11 points and a match to 21 points. Choose the background music from the Music menu. The scores are shown after each game.
 
@@ -49,7 +49,7 @@ Take as many cards as you can, and denari before any others. Work for the best p
 }
 
 std::string italian() {
-    return R"(LUMERIA (VELARDA)
+    return R"(Lumeria (Velarda)
 
 Una partita a carte contro il computer. I tipi di gioco sono tre: partita singola, partita a 11 punti e partita a 21 punti. La musica di sottofondo si sceglie dal menu Music. Il punteggio viene mostrato alla fine di ogni partita.
 

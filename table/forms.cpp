@@ -150,7 +150,7 @@ void designTable(Game& g) {
     form.backend = &g.backend;
     form.source = Source::frmscopa;
     form.Caption = "Corvalia - Velarda";
-    form.surface.backColor = pureBlue;
+    BackColor(form, pureBlue);
     designCards(g);
     designPictures(g);
     designChoice(g);
@@ -164,7 +164,7 @@ void designScore(Game& g) {
     form.backend = &g.backend;
     form.source = Source::frmscore;
     form.Caption = "Corvalia - Scopa";
-    form.surface.backColor = 0x0080FF;
+    BackColor(form, 0x0080FF);
     form.controls.clear();
     g.LBLdat.all().clear();
     g.LBLtit = {};
@@ -172,6 +172,12 @@ void designScore(Game& g) {
     g.LBLtit.Caption = "SCORE";
     g.LBLtit.ForeColor = darkRed;
     g.LBLtit.bold = true;
+    // In front of the title, whose band they share, and behind the names below it.
+    for (int i = 1; i <= 8; ++i) {
+        g.imgset(i) = {};
+        put(form, g.imgset(i), Kind::image, Source::imgset, i);
+        fixSize(g.imgset(i), 372, 600);
+    }
     for (int i = 0; i <= 2; ++i)
         designLabel(form, g.LBLdat.all()[i], Source::LBLdat, i, 12, i == 0 ? 0xC0FFC0 : 0xFFFF80);
     for (int i = 0; i <= 1; ++i) {
@@ -179,11 +185,6 @@ void designScore(Game& g) {
         designLabel(form, g.lblTot(i), Source::lblTot, i, 12, 0x80C0FF);
         g.lblTot(i).bold = true;
         g.lblTot(i).fixedHeight = 372 / twipsPerPixel;
-    }
-    for (int i = 1; i <= 8; ++i) {
-        g.imgset(i) = {};
-        put(form, g.imgset(i), Kind::image, Source::imgset, i);
-        fixSize(g.imgset(i), 372, 600);
     }
     g.Command1 = {};
     put(form, g.Command1, Kind::button, Source::Command1);

@@ -72,8 +72,16 @@ void FormWindow::layOut() {
 
 void FormWindow::present() {
     for (const auto& native : natives_) native->present();
+    focusFirstButton();
     for (const auto& [entry, action] : checkable_) action->setChecked(entry->Checked);
     view_->present();
+}
+
+/// A button that comes up can be pressed from the keyboard at once.
+void FormWindow::focusFirstButton() {
+    if (focusWidget() && focusWidget()->isVisible()) return;
+    for (const auto& native : natives_)
+        if (native->takeFocus()) return;
 }
 
 /// The game decides what closing means; it hears of it in its next round of events.

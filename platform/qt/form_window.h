@@ -21,7 +21,8 @@ public:
 
     /// Brings the widget up to the control's data.
     void present();
-    Control& control() const { return control_; }
+    /// Gives the keyboard to a button that is shown; false for anything else.
+    bool takeFocus();
 
 private:
     void make();
@@ -60,6 +61,7 @@ private:
 
     void buildMenu();
     void layOut();
+    void focusFirstButton();
 
     Runtime& runtime_;
     Form& form_;

@@ -114,3 +114,9 @@ void NativeControl::present() {
     raised_ = control_.z;
     if (!widget_->isVisible()) widget_->show();
 }
+
+bool NativeControl::takeFocus() {
+    if (control_.kind != Kind::button || !control_.Visible) return false;
+    widget_->setFocus();
+    return true;
+}

@@ -11,7 +11,7 @@
 
 #include "game/cards.h"
 #include "table/painting.h"
-#include "tests/desktop/scripted_desktop.h"
+#include "tools/scripted_desktop.h"
 
 // Hands are played on real windows of many sizes, and after every move each pixel of the table is
 // looked at. CTest runs this program once for each scale factor.

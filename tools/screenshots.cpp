@@ -1,0 +1,103 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+// velarda-screenshots FOLDER [WIDTH HEIGHT]
+//
+// Plays a match by itself in windows of the given size, 1280 by 960 unless told otherwise, and
+// writes pictures of the opening screen, the table, a selection, the rules and the score sheet.
+
+#include <QApplication>
+#include <QPixmap>
+#include <cstdio>
+#include <cstdlib>
+
+#include "tools/scripted_desktop.h"
+
+namespace {
+
+constexpr std::uint64_t showpiece = 11;  ///< a seed whose match looks well
+constexpr int moveShown = 11, handShown = 4;
+
+class Photographer {
+public:
+    Photographer(QString folder, QSize size)
+        : folder_(std::move(folder)),
+          size_(size),
+          desktop_(showpiece),
+          game_(desktop_),
+          robot_(game_, showpiece) {
+        desktop_.settings = " 0 \r\n 3 \r\n 100 \r\n";
+        desktop_.attach(game_);
+        robot_.tipoPartita = 1;
+        desktop_.time.user = [this](double until) { return act(until); };
+        game_.watcher = this;
+        game_.watch = [](Game&, Moment moment, void* self) {
+            static_cast<Photographer*>(self)->see(moment);
+        };
+    }
+
+    bool run() {
+        desktop_.window(game_.frmscopa).resize(size_);
+        desktop_.window(game_.frmscore).resize(size_);
+        runProgram(game_);
+        return written_;
+    }
+
+private:
+    bool act(double until) {
+        if (game_.GO.Visible && !opened_) {
+            opened_ = true;
+            take("opening", game_.frmscopa);
+        }
+        if (game_.fase == "selezione" && game_.numeroPresa > 1 && !selected_) {
+            selected_ = true;
+            take("selection", game_.frmscopa);
+        }
+        return robot_.act(until);
+    }
+
+    void see(Moment moment) {
+        if (moment == Moment::dealt) ++hand_, move_ = 0;
+        if (moment == Moment::turn && hand_ == 1 && ++move_ == moveShown) {
+            take("table", game_.frmscopa);
+            game_.Text1.Visible = true;
+            take("rules", game_.frmscopa);
+            game_.Text1.Visible = false;
+        }
+        if (moment != Moment::scored || hand_ != handShown) return;
+        take("score", game_.frmscore);
+        throw EndProgram{};
+    }
+
+    void take(const char* name, Form& form) {
+        desktop_.present();
+        const QString path = folder_ + '/' + QString::fromLatin1(name) + ".png";
+        written_ = desktop_.window(form).grab().save(path) && written_;
+    }
+
+    QString folder_;
+    QSize size_;
+    ScriptedDesktop desktop_;
+    Game game_;
+    Robot robot_;
+    int hand_ = 0, move_ = 0;
+    bool opened_ = false, selected_ = false, written_ = true;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2 && argc != 4) {
+        std::fputs("usage: velarda-screenshots FOLDER [WIDTH HEIGHT]\n", stderr);
+        return 2;
+    }
+    const QSize size = argc == 4 ? QSize(std::atoi(argv[2]), std::atoi(argv[3])) : QSize(1280, 960);
+    if (size.isEmpty() || size.width() > 16384 || size.height() > 16384) {
+        std::fputs("velarda-screenshots: the size must be between 1 and 16384 pixels\n", stderr);
+        return 2;
+    }
+    QApplication application(argc, argv);
+    if (Photographer(QString::fromLocal8Bit(argv[1]), size).run()) return 0;
+    std::fprintf(stderr, "velarda-screenshots: cannot write to %s\n", argv[1]);
+    return 1;
+}
