@@ -11,12 +11,13 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "game/cards.h"
 #include "tools/scripted_desktop.h"
 
 namespace {
 
 constexpr std::uint64_t showpiece = 11;  ///< a seed whose match looks well
-constexpr int moveShown = 11, handShown = 4;
+constexpr int handShown = 4;
 
 class Photographer {
 public:
@@ -57,16 +58,25 @@ private:
     }
 
     void see(Moment moment) {
-        if (moment == Moment::dealt) ++hand_, move_ = 0;
-        if (moment == Moment::turn && hand_ == 1 && ++move_ == moveShown) {
+        if (moment == Moment::dealt) ++hand_;
+        if (moment == Moment::turn && !shown_ && fullTable()) {
+            shown_ = true;
             take("table", game_.frmscopa);
             game_.Text1.Visible = true;
             take("rules", game_.frmscopa);
             game_.Text1.Visible = false;
         }
-        if (moment != Moment::scored || hand_ != handShown) return;
+        if (moment != Moment::scored || hand_ < handShown || !shown_) return;
         take("score", game_.frmscore);
         throw EndProgram{};
+    }
+
+    /// The human is to play, with cards in every place where cards can be.
+    bool fullTable() const {
+        int cards = 0;
+        for (const auto [row, column] : tableOrder) cards += game_.tavolo(row, column) != 0;
+        return cards >= 6 && game_.giocatore == human && game_.mosseGiocate <= 1 &&
+               game_.presiUmano > 0 && game_.ultimaPresa > 0;
     }
 
     void take(const char* name, Form& form) {
@@ -80,8 +90,8 @@ private:
     ScriptedDesktop desktop_;
     Game game_;
     Robot robot_;
-    int hand_ = 0, move_ = 0;
-    bool opened_ = false, selected_ = false, written_ = true;
+    int hand_ = 0;
+    bool opened_ = false, shown_ = false, selected_ = false, written_ = true;
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "platform/qt/desktop.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QEventLoop>
 #include <QTimer>
 #include <chrono>
@@ -83,8 +84,14 @@ std::uint64_t Desktop::seed() {
     return static_cast<std::uint64_t>(now) ^ std::uint64_t{std::random_device{}()} << 32;
 }
 
+/// A build has its files beside the program. An installed program has them where its prefix keeps
+/// the data of games, which is sought from the program's own place: a prefix may be moved.
 std::string Desktop::programFolder() {
-    return QCoreApplication::applicationDirPath().toStdString();
+    const QString beside = QCoreApplication::applicationDirPath();
+    const QString shared = QDir::cleanPath(beside + QStringLiteral("/../share/games/velarda"));
+    const QString file = QStringLiteral("config.crv");
+    const bool installed = !QDir(beside).exists(file) && QDir(shared).exists(file);
+    return (installed ? shared : beside).toStdString();
 }
 
 std::string Desktop::readSettings() {

@@ -23,13 +23,13 @@ void reportNoDisplay(QtMsgType type, const QMessageLogContext&, const QString&) 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc > 1 && argv[1][0] != '-') {
+    if (argc > 1) {
         std::fputs("velarda: takes no arguments\n", stderr);
         return 2;
     }
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    QGuiApplication::setDesktopFileName(QStringLiteral("velarda"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("net.velarda.Velarda"));
     qInstallMessageHandler(reportNoDisplay);
     QApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
