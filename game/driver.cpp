@@ -3,6 +3,8 @@
 
 #include "game/driver.h"
 
+#include <algorithm>
+
 #include "game/capture.h"
 #include "game/cards.h"
 #include "game/computer.h"
@@ -21,6 +23,10 @@ namespace {
 
 constexpr float lampLeft = 620, lampHeight = 32;
 
+/// Above this the hands would touch the table's rows; below it no card can be read. The settings
+/// keep what the player wrote.
+constexpr float smallestScale = 0.4f, largestScale = 1.06f;
+
 void measureWindow(Game& g) {
     g.scalaX = g.frmscopa.Width / layoutTwipsAcross;
     g.scalaY = g.frmscopa.Height / layoutTwipsDown;
@@ -29,8 +35,9 @@ void measureWindow(Game& g) {
 }
 
 void measureCards(Game& g) {
-    g.larghezzaCarta = g.scalaX * g.carta(1).Width * g.scalaCarte;
-    g.altezzaCarta = g.scalaY * g.carta(1).Height * g.scalaCarte;
+    const float scale = std::clamp(g.scalaCarte, smallestScale, largestScale);
+    g.larghezzaCarta = g.scalaX * g.carta(1).Width * scale;
+    g.altezzaCarta = g.scalaY * g.carta(1).Height * scale;
     g.tavoloX = g.centroX - 2 * g.larghezzaCarta - 9;
     g.tavoloY = g.centroY - 1.5f * g.altezzaCarta - gap;
 }

@@ -23,7 +23,7 @@ void fill(Form& form, const Box& box, Colour colour) {
 
 void outline(Form& form, const Box& box, Colour colour) {
     const auto [left, top, right, bottom] = box;
-    const float pen = outlineThickness;
+    const float pen = std::min({outlineThickness, (right - left) / 2, (bottom - top) / 2});
     fill(form, {left, top, right, top + pen}, colour);
     fill(form, {left, bottom - pen, right, bottom}, colour);
     fill(form, {left, top + pen, left + pen, bottom - pen}, colour);

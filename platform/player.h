@@ -23,6 +23,7 @@ public:
     virtual std::int32_t position() const = 0;
     virtual std::int32_t length() const = 0;
 
-    /// Called, on the game's thread, when the file has played to its end.
+    /// Called, on the game's thread, when the file has played to its end, or cannot be played:
+    /// then its position is not its length.
     std::function<void()> ended;
 };

@@ -55,6 +55,16 @@ PixelBox toPixels(const Box& box, const PixelGrid& grid) {
             edge(box.bottom, grid.y)};
 }
 
+PixelBox pictureToPixels(const Box& box, const PixelGrid& grid) {
+    // The size comes out of single-precision sums; a trace less than a whole pixel is a whole one.
+    const auto size = [](float units, double pixels) {
+        return static_cast<int>(std::floor(units * pixels + 0.01));
+    };
+    const PixelBox place = toPixels(box, grid);
+    return {place.left, place.top, place.left + size(box.right - box.left, grid.x),
+            place.top + size(box.bottom - box.top, grid.y)};
+}
+
 bool Surface::continueFill(const Painted& added) {
     if (added.picture != picture::none || list.empty()) return false;
     Painted& newest = list.back();

@@ -28,6 +28,10 @@ struct PixelGrid {
 /// another one in units contains it in pixels too, at any size and scale.
 PixelBox toPixels(const Box&, const PixelGrid&);
 
+/// The pixels of a picture painted into a box: its size is rounded down, so that a card has the
+/// same size at every place and is drawn once for it.
+PixelBox pictureToPixels(const Box&, const PixelGrid&);
+
 /// One thing painted. Everything painted is opaque: it hides what lies below it.
 struct Painted {
     Box box;                          ///< where it was painted

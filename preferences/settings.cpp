@@ -14,9 +14,6 @@
 
 namespace {
 
-/// Above this the hands would touch the table's rows; below it no card can be read.
-constexpr float smallestScale = 40, largestScale = 106;
-
 constexpr std::string_view blanks = " \t\r\n";
 
 /// Takes the next field off the front: it ends at a comma, a blank or a line end.
@@ -72,7 +69,7 @@ void readSettings(Game& g) {
     const SettingsFile read = parseSettings(g.backend.readSettings());
     g.brano = read.brano;
     g.velocita = read.velocita * 10;
-    g.scalaCarte = std::clamp(read.scala, smallestScale, largestScale) / 100;
+    g.scalaCarte = read.scala / 100;
     g.velocità_gioco(read.velocita).Checked = true;
     g.canzoni(read.brano).Checked = true;
 }

@@ -1,260 +1,136 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-#include "game/computer.h"
+// The computer's turn: what it takes, and what it throws away else.
 
-#include <map>
-
+#include "game/cards.h"
 #include "tests/support.h"
 
 namespace test {
 namespace {
 
-using Places = std::vector<int>;
-
-Places takenPlaces(const Desk& desk) {
-    Places found;
-    for (int i = 1; i <= desk.g.numeroPresa; ++i)
-        for (int p = 1; p <= 12; ++p)
-            if (desk.g.presa(i) != 0 && desk.at(p) == desk.g.presa(i)) found.push_back(p);
-    return found;
-}
-
+/// A turn of the computer in which only one card may be played.
 struct Turn {
     const char* hand;
     const char* table;
-    int slot;      ///< 0 to 2: the one card that may be played
-    Places taken;  ///< places of the table
+    int slot;           ///< 0 to 2
+    const char* presa;  ///< "." for a candidate that is left out
 };
 
-void check(const Turn& turn) {
-    SCOPED_TRACE(std::string("hand ") + turn.hand + ", table " + turn.table);
-    Desk desk;
-    desk.layTable(turn.table);
-    desk.giveComputer(turn.hand);
-    const int expected = std::stoi(desk.g.dorso(turn.slot).Tag);
-    desk.computerPlays();
-    EXPECT_EQ(desk.g.postoMano, turn.slot);
-    EXPECT_EQ(name(desk.g.cartaGiocata), name(expected));
-    EXPECT_EQ(takenPlaces(desk), turn.taken);
-    EXPECT_EQ(desk.markedPlaces(), turn.taken);
-    EXPECT_EQ(desk.g.dorso(turn.slot).Tag, "0");
-}
+const Turn turns[] = {
+    // The first card of the hand that captures; the first of equal cards, and that one alone.
+    {"9 5 4", "5", 1, "5d"},
+    {"6 2 7", "3 7 4 9", 2, "7d"},
+    {"5", ". 2 . 5 5", 0, "5d"},
+    // Else the sum whose last card lies earliest, then the last but one. Tens are in no sum.
+    {"5 3 9", "3 2", 0, "3d 2d"},
+    {"7", "3 4 2 5", 0, "3d 4d . ."},
+    {"7", ". 10 3 . 4", 0, "3d 4d"},
+    {"10s", "3 8 8 8 8 6 7", 0, "3d . . . . . 7d"},
+    // Eight candidates are searched. With more the card is laid, though a later one could take.
+    {"10", "8 8 8 8 6 6 3 7", 0, ". . . . . . 3d 7d"},
+    {"10 4 8", "4 6 2 2 2 2 3 3 3", 0, ""},
+    {"A 9 4", "4 5 2 2 2 2 3 3 3", 1, ""},
+    // An ace is held back while there are other cards, even from an ace.
+    {"A 4 6", "A 4", 1, "4d"},
+    {". A A", "7 A", 1, "1d"},
+    // The last ace sweeps, a single card too; on a bare table it is laid.
+    {". . A", "10", 2, "10d"},
+    {"A", "2 3 4 5 6 7 8 9 10 2 3 4", 0, "2d 3d 4d 5d 6d 7d 8d 9d 10d 2c 3c 4c"},
+    {"A 4 .", "", 1, ""},
+    {"A", "", 0, ""},
+};
 
 TEST(Computer, PlaysTheFirstCardThatCaptures) {
-    const Turn turns[] = {
-        {"5 3 9", "3 2", 0, {1, 2}},  {"9 5 4", "5", 1, {1}},     {"3 . 6", "6", 2, {1}},
-        {". 8 8", "5 3", 1, {1, 2}},  {"2 10 7", "10 7", 1, {1}}, {"6 4 7", "3 7 4 9", 1, {3}},
-        {"10 7 .", "10 3 7", 0, {1}},
-    };
-    for (const Turn& turn : turns) check(turn);
-}
-
-TEST(Computer, AnAceTakesAnAceOnlyFromAHandOfAces) {
-    const Turn turns[] = {
-        {"A 4 6", "A 4", 1, {2}},   {"A 4 .", "A 9", 1, {}}, {"A A 5", "A 9", 2, {}},
-        {"A 10 .", "A 10", 1, {2}}, {"A A .", "A", 0, {1}},  {". A A", "7 A", 1, {2}},
-        {"A . .", "3 A A", 0, {2}},
-    };
-    for (const Turn& turn : turns) check(turn);
-}
-
-TEST(Computer, LaysACardThatHasTooManyCandidates) {
-    const Turn turns[] = {
-        {"10 4 8", "4 6 2 2 2 2 3 3 3", 0, {}},
-        {"A 9 4", "4 5 2 2 2 2 3 3 3", 1, {}},
-        {"2 10 8", "4 6 9 8 3 3 3 4 7 6 5", 1, {}},
-    };
-    for (const Turn& turn : turns) check(turn);
-}
-
-TEST(Computer, LaysAnAceOnABareTableOnlyAsTheLastResort) {
-    const Turn turns[] = {
-        {"A . .", "", 0, {}},
-        {"A 4 .", "", 1, {}},
-        {". 10 A", "", 1, {}},
-        {"7d . A", "", 0, {}},
-    };
-    for (const Turn& turn : turns) check(turn);
-}
-
-TEST(Computer, ADiscardLeavesNothingOfTheSearch) {
-    for (const char* table : {"", "9 8", "2 2 A"}) {
+    for (const auto& [hand, table, slot, presa] : turns) {
+        SCOPED_TRACE(std::string("hand ") + hand + ", table " + table);
         Desk desk;
         desk.layTable(table);
-        desk.giveComputer("7 . .");
-        desk.beginMove(computer);
-        desk.g.numeroPresa = desk.g.sommaPresa = 5;
-        frmscopa::gioco2(desk.g);
-        EXPECT_EQ(desk.g.numeroPresa, 0) << table;
-        EXPECT_EQ(desk.g.sommaPresa, 0) << table;
-        EXPECT_EQ(desk.g.valoreGiocato, 7) << table;
+        desk.giveComputer(hand);
+        const Image& held = desk.g.dorso(slot);
+        const std::string id = held.Tag;
+        desk.computerPlays();
+        EXPECT_EQ(desk.g.postoMano, slot);
+        EXPECT_EQ(std::to_string(desk.g.cartaGiocata), id);
+        EXPECT_EQ(names(desk.presa()), presa);
+        Cards taken = desk.presa();
+        std::erase(taken, 0);
+        EXPECT_EQ(names(desk.marked()), names(taken));
+        EXPECT_EQ(held.Tag, "0");
+        EXPECT_EQ(desk.seenAt({held.Left + 31, 59}), tableColour) << "gone from the hand";
+        EXPECT_NE(desk.seenAt({609, 300}), tableColour) << "and shown";
+        EXPECT_EQ(desk.backend.cardSounds, 1);
     }
 }
 
 struct Discard {
     const char* hand;
     const char* table;
-    std::vector<int> slots;  ///< the cards that may be thrown, all with the same chance
+    std::vector<int> slots;  ///< that may be thrown, all with the same chance
 };
 
-void check(const Discard& c) {
+// Of sevens alone never the settebello is thrown, of aces alone any, and else no ace.
+const Discard discards[] = {
+    {"4 9 2", "10", {0, 1, 2}}, {"3 . 6", "10", {0, 2}},    {". 7d .", "10", {1}},
+    {"7d 7c 7b", "10", {1, 2}}, {"7c . 7d", "", {0}},       {"7d 7c 4", "10", {0, 1, 2}},
+    {"7d A 7c", "10", {0, 2}},  {"A 7d .", "10", {1}},      {"A 9 2", "10", {1, 2}},
+    {"A A 2", "10", {2}},       {"A A A", "10", {0, 1, 2}}, {"A A .", "5 9", {0, 1}},
+    {"A . A", "", {0, 2}},
+};
+
+/// The slots are drawn in turn from the first one on; the first that may be thrown is.
+void check(const Discard& c, int first, const std::vector<float>& draws) {
     SCOPED_TRACE(std::string("hand ") + c.hand + ", table " + c.table);
-    constexpr int turns = 300;
-    std::map<int, int> seen;
-    for (std::uint64_t i = 1; i <= turns; ++i) {
-        Desk desk(i);
-        desk.layTable(c.table);
-        desk.giveComputer(c.hand);
-        desk.computerPlays();
-        ++seen[desk.g.postoMano];
-    }
-    const int share = turns / static_cast<int>(c.slots.size());
-    int permitted = 0;
-    for (const int slot : c.slots) {
-        permitted += seen[slot];
-        EXPECT_NEAR(seen[slot], share, 45) << "slot " << slot;
-    }
-    EXPECT_EQ(permitted, turns) << "a card that is kept has been thrown";
+    Desk desk;
+    desk.layTable(c.table);
+    desk.giveComputer(c.hand);
+    const std::vector<int> order{first, (first + 1) % 3, (first + 2) % 3};
+    for (auto slot = order.rbegin(); slot != order.rend(); ++slot)
+        desk.g.chance.prepared.push_back(draws[static_cast<std::size_t>(*slot)]);
+    desk.computerPlays();
+    const auto permitted = [&](int slot) { return contains(c.slots, slot); };
+    EXPECT_EQ(desk.g.postoMano, *std::find_if(order.begin(), order.end(), permitted)) << first;
+    EXPECT_EQ(desk.presa().size(), isAce(desk.g.cartaGiocata) ? cards(c.table).size() : 0);
 }
 
 TEST(Computer, ThrowsEveryPermittedCardAndNoOther) {
-    const Discard cases[] = {
-        {"4 9 2", "10", {0, 1, 2}}, {"3 . 6", "10", {0, 2}},      {"A 9 2", "10", {1, 2}},
-        {"A A 2", "10", {2}},       {"7d 7c 7b", "10", {1, 2}},   {"7c 7d 7s", "10", {0, 2}},
-        {"7d 7c .", "10", {1}},     {"7c . 7d", "", {0}},         {". 7d .", "10", {1}},
-        {"7d 4 .", "10", {0, 1}},   {"7d 7c 4", "10", {0, 1, 2}}, {"A 7d .", "10", {1}},
-        {"7d A 7c", "10", {0, 2}},  {"A . A", "", {0, 2}},
-    };
-    for (const Discard& c : cases) check(c);
+    for (const Discard& c : discards) {
+        for (int first = 0; first <= 2; ++first) {
+            check(c, first, {0, 0.334f, 0.667f});
+            check(c, first, {0.333f, 0.666f, 0.9999999f});
+        }
+    }
 }
 
-TEST(Computer, AnyAceOfAHandOfAcesMaySweep) {
-    check(Discard{"A A A", "10", {0, 1, 2}});
-    check(Discard{"A A .", "5 9", {0, 1}});
-}
-
-/// Draws laid ready; the last one of the list comes first.
-int slotDrawn(const char* hand, std::vector<float> draws) {
+TEST(Computer, EntersTheRoundedPlaceOfACard) {
     Desk desk;
-    desk.layTable("10");
-    desk.giveComputer(hand);
-    desk.g.chance.prepared = std::move(draws);
+    desk.layTable("7c");
+    desk.giveComputer("7d");
+    Move(desk.g.carta(17), 266.6f, 131.5f);
     desk.computerPlays();
-    EXPECT_TRUE(desk.g.chance.prepared.empty());
-    return desk.g.postoMano;
+    EXPECT_EQ(desk.g.presaX(1), 267);
+    EXPECT_EQ(desk.g.presaY(1), 132);
 }
 
-TEST(Computer, DrawsASlotByThirds) {
-    EXPECT_EQ(slotDrawn("4 9 2", {0}), 0);
-    EXPECT_EQ(slotDrawn("4 9 2", {0.33f}), 0);
-    EXPECT_EQ(slotDrawn("4 9 2", {0.34f}), 1);
-    EXPECT_EQ(slotDrawn("4 9 2", {0.66f}), 1);
-    EXPECT_EQ(slotDrawn("4 9 2", {0.67f}), 2);
-    EXPECT_EQ(slotDrawn("4 9 2", {0.9999999f}), 2);
-}
-
-TEST(Computer, DrawsAgainForEmptySlotsAndKeptCards) {
-    EXPECT_EQ(slotDrawn("3 . 6", {0.9f, 0.5f, 0.5f}), 2);
-    EXPECT_EQ(slotDrawn("A 9 2", {0.5f, 0, 0.1f, 0.2f}), 1);
-    EXPECT_EQ(slotDrawn("7c 7d 7s", {0, 0.4f, 0.6f}), 0);
-}
-
-void checkSweep(const char* table, int rate) {
-    SCOPED_TRACE(table);
-    Desk desk;
-    desk.g.velocita = rate;
-    desk.layTable(table);
-    desk.giveComputer(". A A");
-    Places all;
-    for (int p = 1; p <= 12; ++p)
-        if (desk.at(p) != 0) all.push_back(p);
-    desk.computerPlays();
-    // Two pauses of 2 and between them 61 ticks of 80 ms, whatever the rate.
-    EXPECT_NEAR(desk.backend.time.now, 2 * 20.0 / rate + 61 * 0.080, 1e-6);
-    EXPECT_EQ(takenPlaces(desk), all);
-    EXPECT_EQ(desk.g.numeroPresa, static_cast<int>(all.size()));
-    EXPECT_EQ(desk.markedPlaces(), all);
-    for (const int p : all) EXPECT_TRUE(framed(desk.g, desk.at(p))) << p;
-    EXPECT_TRUE(desk.g.presaOk);
-    EXPECT_EQ((desk.g.cartaGiocata - 1) % 10 + 1, 1);
-    EXPECT_FALSE(desk.g.Timer1.enabled);
-    EXPECT_EQ(desk.g.giriGorilla, 0);
-    EXPECT_EQ(desk.g.fotoGorilla, 0);
-    for (int i = 1; i <= 10; ++i) EXPECT_FALSE(desk.g.Gorilla(i).Visible);
-}
-
-TEST(Computer, AThrownAceSweepsTheTable) {
-    checkSweep("5 9", 10);
-    checkSweep("10", 20);
-    checkSweep("2 3 4 5 6 7 8 9 10 2 3 4", 30);
-    checkSweep(". 10 . . 8 . . . . . . 2", 30);
-}
-
-TEST(Computer, TheSweepRunsBeforeTheAceIsShown) {
+// Between two pauses of 2 there are 61 ticks of 80 ms, whatever the rate, and meanwhile the ace is
+// still in the hand.
+TEST(Computer, SweepsWithItsMascotInFull) {
     Desk desk;
     desk.layTable("5 9");
-    desk.giveComputer("A . .");
-    int ticks = 0;
     desk.backend.time.user = [&](double) {
-        if (!desk.g.Timer1.enabled) return false;
-        ++ticks;
-        EXPECT_TRUE(computerShows(desk.g, 0));
-        EXPECT_EQ(desk.markedPlaces(), Places{});
-        EXPECT_TRUE(desk.g.Gorilla(1).Visible);
+        const bool running = desk.g.Timer1.enabled;
+        EXPECT_EQ(desk.g.Gorilla(1).Visible, running);
+        EXPECT_TRUE(!running || desk.seenAt({332, 59}) != tableColour);
         return false;
     };
-    desk.computerPlays();
-    EXPECT_EQ(ticks, 61);
-    EXPECT_FALSE(computerShows(desk.g, 0));
-}
-
-TEST(Computer, ShowsTheCardAtThePlayedPlace) {
-    Desk desk;
-    desk.layTable("2");
-    desk.giveComputer("9 . 2");
-    const int held = std::stoi(desk.g.dorso(0).Tag);
-    desk.computerPlays();
-    EXPECT_EQ(desk.g.valoreGiocato, 2);
-    EXPECT_EQ(desk.g.carta(desk.g.cartaGiocata).Left, 578);
-    EXPECT_EQ(desk.g.carta(desk.g.cartaGiocata).Top, 246);
-    for (const float x : {578.5f, 639.5f})
-        for (const float y : {246.5f, 353.5f}) EXPECT_NE(Point(desk.g.frmscopa, x, y), tableColour);
-    EXPECT_TRUE(computerShows(desk.g, 0));
-    EXPECT_FALSE(computerShows(desk.g, 2));
-    EXPECT_EQ(desk.g.dorso(0).Tag, std::to_string(held));
-    EXPECT_EQ(desk.g.dorso(1).Tag, "0");
-    EXPECT_EQ(desk.g.dorso(2).Tag, "0");
-    EXPECT_EQ(desk.backend.cardSounds, 1);
-    EXPECT_NEAR(desk.backend.time.now, 4, 1e-9) << "two pauses of 2 at the low rate";
-}
-
-TEST(Computer, CountsItsHandAfreshAndWithoutPlayedCards) {
-    Desk desk;
-    desk.layTable("10 A");
-    desk.giveComputer("A . 4");
-    desk.g.carteMano = desk.g.assiMano = 9;
-    desk.computerPlays();
-    EXPECT_EQ(desk.g.carteMano, 2);
-    EXPECT_EQ(desk.g.assiMano, 1);
-}
-
-TEST(Computer, TidiesMarksAndFramesOfTheTable) {
-    Desk desk;
-    desk.layTable("9 . 10");
-    for (const int p : {1, 3}) {
-        Image& holder = desk.g.carta(desk.at(p));
-        holder.Tag = "SEL";
-        Line(desk.g.frmscopa, holder.Left + 3, holder.Top + 3, holder.Left + 59, holder.Top + 105,
-             frameRed, LineStyle::B);
-        ASSERT_TRUE(framed(desk.g, desk.at(p)));
+    for (const int rate : {10, 20, 30}) {
+        desk.g.velocita = rate;
+        desk.giveComputer("A . .");
+        const double start = desk.backend.time.now;
+        desk.computerPlays();
+        EXPECT_NEAR(desk.backend.time.now - start, 2 * 20.0 / rate + 61 * 0.080, 1e-6);
+        EXPECT_EQ(names(desk.marked()), "5d 9d");
     }
-    desk.giveComputer("4 . .");
-    desk.computerPlays();
-    EXPECT_EQ(desk.markedPlaces(), Places{});
-    EXPECT_FALSE(framed(desk.g, desk.at(1)));
-    EXPECT_FALSE(framed(desk.g, desk.at(3)));
-    EXPECT_EQ(desk.g.numeroPresa, 0);
 }
 
 }  // namespace

@@ -199,9 +199,13 @@ TEST(ScoreSheet, ShowsTheCardsOfThePrimiera) {
         {{9, 10, 13, 12}, {9, 13, 0, 0, 7, 17, 27, 37}},
     };
     Play p;
+    p.robot.tipoPartita = 2;
     std::size_t hand = 0;
     p.watch = [&](Moment moment) {
-        if (moment == Moment::leftovers) forcePile(p.g, cases[hand].pile);
+        if (moment == Moment::leftovers) {
+            p.g.totaleUmano = p.g.totaleComputer = 0;  // so that the sheet stays the same
+            forcePile(p.g, cases[hand].pile);
+        }
         if (moment != Moment::scored) return;
         for (int i = 1; i <= 8; ++i) {
             const Image& image = p.g.imgset(i);
@@ -247,6 +251,22 @@ TEST(ScoreSheet, HasRoomForEveryMatch) {
     EXPECT_EQ(rows.size(), 27u);
 }
 
+TEST(ScoreSheet, ALabelInUseIsNotLoadedAgain) {
+    Play p;
+    p.then([&] { return p.scoreShown(); });
+    p.run();
+    const std::size_t controls = p.g.frmscore.controls.size();
+    const std::string caption = p.g.LBLdat(13).Caption;
+    loadLabel(p.g.frmscore, p.g.LBLdat, 13);
+    EXPECT_EQ(p.g.LBLdat(13).Caption, caption);
+    EXPECT_TRUE(p.g.LBLdat(13).Visible);
+    EXPECT_EQ(p.g.frmscore.controls.size(), controls);
+    loadLabel(p.g.frmscore, p.g.LBLdat, 23);
+    EXPECT_FALSE(p.g.LBLdat(23).Visible) << "a new one is as hidden as the template";
+    EXPECT_EQ(p.g.LBLdat(23).BackColor, 0xC0FFC0);
+    EXPECT_EQ(p.g.frmscore.controls.size(), controls + 1);
+}
+
 TEST(ScoreSheet, IsFreshAfterNewGame) {
     Play p;
     p.backend.wipeSeconds = 1;
@@ -275,6 +295,7 @@ TEST(ScoreSheet, IsFreshAfterNewGame) {
            });
     p.then([&] { return p.scoreShown() && p.seen(Moment::scored) == 2; });
     p.run();
+    EXPECT_EQ(p.backend.ground[&p.g.frmscore], 0x0080FF) << "orange again, not the wipe's blue";
     expectHeadings(p.g);
     expectSmallLabels(p.g, 13, 91);
     EXPECT_FALSE(p.g.LBLdat.loaded(23));

@@ -109,11 +109,6 @@ void forceHand(Game& g, int humanPoints, int computerPoints) {
     g.scope(computer) = computerPoints - (toHuman ? 0 : 4);
 }
 
-Picture pictureAt(const Form& form, float x, float y) {
-    const Painted* top = form.surface.at(x, y);
-    return top ? top->picture : picture::none;
-}
-
 bool showsCard(const Game& g, Picture picture, float left, float top) {
     const Painted* seen = g.frmscopa.surface.at(left + cardWidth / 2, top + cardHeight / 2);
     if (!seen || seen->picture != picture) return false;

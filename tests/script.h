@@ -10,6 +10,7 @@
 
 #include <array>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,13 @@ namespace script {
 /// The layout's measures as they are designed, in table units.
 inline constexpr float cardWidth = 1200 * 800 / 15432.0f, cardHeight = 2232 * 600 / 12360.0f;
 
+/// A backend that remembers the ground on which it shows each form, as a window does.
+struct Screen : Headless {
+    using Headless::Headless;
+    std::map<const Form*, Colour> ground;
+    void cleared(Form& form) override { ground[&form] = form.surface.backColor; }
+};
+
 using When = std::function<bool()>;
 using What = std::function<void()>;
 
@@ -35,7 +43,7 @@ public:
     Play(const Play&) = delete;
     Play& operator=(const Play&) = delete;
 
-    Headless backend;
+    Screen backend;
     Game g{backend};
     Robot robot;
     bool robotPlays = true;
@@ -97,8 +105,6 @@ std::vector<int> wholePack(std::vector<int> firstCards);
 /// Makes the hand that is at its leftovers bring these points; one of the two must be 4 or more.
 void forceHand(Game&, int humanPoints, int computerPoints);
 
-/// The picture painted last at a point, picture::none for bare colour.
-Picture pictureAt(const Form&, float x, float y);
 /// A picture painted at card size and nothing over its middle.
 bool showsCard(const Game&, Picture, float left, float top);
 /// The one of an array that is in front of the others.

@@ -45,6 +45,7 @@ TEST(SettingsFile, IsWrittenByteForByte) {
     EXPECT_EQ(formatSettings({3, 2, 100}), " 3 \r\n 2 \r\n 100 \r\n");
     EXPECT_EQ(formatSettings({0, 1, 80}), " 0 \r\n 1 \r\n 80 \r\n");
     EXPECT_EQ(formatSettings({12, 3, 62.5f}), " 12 \r\n 3 \r\n 62.5 \r\n");
+    expectRead(formatSettings({12, 3, 62.54321f}), 12, 3, 62.54321f);
     for (int brano = 0; brano <= 12; ++brano)
         for (int rate = 1; rate <= 3; ++rate)
             expectRead(formatSettings({brano, rate, 95}), brano, rate, 95);

@@ -76,6 +76,8 @@ TEST(Device, GoesOnUnlessItIsSentBack) {
     EXPECT_EQ(d.give({"play"}), "") << "a melody that runs goes on";
     d.control.From = 0;
     EXPECT_EQ(d.give({"play", "play"}), "play 0\n") << "From counts for one play";
+    d.control.player->ended();
+    EXPECT_EQ(d.give({"play"}), "play 0\n") << "it has come to its end";
 }
 
 TEST(Device, AMissingFileLeavesItClosed) {

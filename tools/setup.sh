@@ -4,8 +4,8 @@
 # What ./play and ./check share: packages, and the build. Read by both, never run by itself.
 
 # Debian's names; Ubuntu has the same.
-build_packages="cmake ninja-build g++ qt6-base-dev qt6-svg-dev libsdl2-mixer-dev abcmidi"
-run_packages="qt6-wayland timgm6mb-soundfont fonts-dejavu-core"
+build_packages="cmake ninja-build g++ qt6-base-dev qt6-svg-dev libsdl2-dev libsdl2-mixer-dev abcmidi"
+run_packages="libsdl2-mixer-2.0-0 qt6-wayland timgm6mb-soundfont fonts-dejavu-core"
 virtual_display_packages="xvfb openbox"
 check_packages="libgtest-dev libbenchmark-dev clang-format fluidsynth desktop-file-utils appstream man-db lintian"
 

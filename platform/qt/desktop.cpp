@@ -12,21 +12,12 @@
 #include <random>
 
 #include "platform/events.h"
+#include "platform/qt/sdl_player.h"
 #include "platform/qt/settings_store.h"
 
 namespace {
 
 constexpr double longestSleep = 3600;  ///< seconds, well inside what a timer holds
-
-/// No device: every command is taken and nothing is heard.
-class NoPlayer : public Player {
-public:
-    bool open(const std::string&) override { return false; }
-    void play(std::int32_t) override {}
-    void close() override {}
-    std::int32_t position() const override { return 0; }
-    std::int32_t length() const override { return 0; }
-};
 
 }  // namespace
 
@@ -130,6 +121,6 @@ Colour Desktop::pixel(Picture picture, float across, float down) {
     return qRed(rgb) | qGreen(rgb) << 8 | qBlue(rgb) << 16;
 }
 
-std::unique_ptr<Player> Desktop::player(DeviceType) {
-    return std::make_unique<NoPlayer>();
+std::unique_ptr<Player> Desktop::player(DeviceType type) {
+    return std::make_unique<SdlPlayer>(type);
 }

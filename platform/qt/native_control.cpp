@@ -1,10 +1,12 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <cmath>
 
 #include "platform/events.h"
@@ -13,6 +15,26 @@
 
 namespace {
 
+QScrollBar::SliderAction scrolling(int key) {
+    switch (key) {
+        case Qt::Key_Up:
+            return QScrollBar::SliderSingleStepSub;
+        case Qt::Key_Down:
+            return QScrollBar::SliderSingleStepAdd;
+        case Qt::Key_PageUp:
+            return QScrollBar::SliderPageStepSub;
+        case Qt::Key_PageDown:
+        case Qt::Key_Space:
+            return QScrollBar::SliderPageStepAdd;
+        case Qt::Key_Home:
+            return QScrollBar::SliderToMinimum;
+        case Qt::Key_End:
+            return QScrollBar::SliderToMaximum;
+        default:
+            return QScrollBar::SliderNoAction;
+    }
+}
+
 /// A text that is read and scrolled, and that answers a click.
 class TextPanel : public QPlainTextEdit {
 public:
@@ -20,7 +42,7 @@ public:
         : QPlainTextEdit(parent), runtime_(runtime), source_(box.source) {
         setPlainText(QString::fromStdString(box.Text));
         setReadOnly(true);
-        setTextInteractionFlags(Qt::TextSelectableByKeyboard);
+        setTextInteractionFlags(Qt::NoTextInteraction);
         setWordWrapMode(QTextOption::WordWrap);
         setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         setVerticalScrollBarPolicy(box.scrollBar ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
@@ -38,6 +60,15 @@ protected:
     /// Events of the text itself come here; the scroll bar keeps its own.
     void mousePressEvent(QMouseEvent*) override {
         runtime_.queue.push_back({source_, Verb::Click});
+    }
+    /// The keys scroll; a caret would only blink, and wake the program each time.
+    void keyPressEvent(QKeyEvent* event) override {
+        const auto action = scrolling(event->key());
+        if (action == QScrollBar::SliderNoAction) {
+            event->ignore();
+        } else {
+            verticalScrollBar()->triggerAction(action);
+        }
     }
     void mouseMoveEvent(QMouseEvent*) override {}
     void mouseReleaseEvent(QMouseEvent*) override {}
@@ -112,7 +143,10 @@ void NativeControl::present() {
     fillIn();
     if (control_.z != raised_) widget_->raise();
     raised_ = control_.z;
-    if (!widget_->isVisible()) widget_->show();
+    if (widget_->isVisible()) return;
+    widget_->show();
+    // A text that opens is scrolled by the keys at once.
+    if (control_.kind == Kind::text) widget_->setFocus();
 }
 
 bool NativeControl::takeFocus() {

@@ -53,10 +53,10 @@ private:
     void stir(bool Work::*flag);
     void report(const SoundWish&, bool atEnd);
     std::optional<Work> nextWork();
-    Time nextMoment() const;
     bool loading() const { return loading_.valid(); }
 
     void tendLoss(Work&);
+    void dropLoading();
     void tendMelody(const SoundWish&);
     void obey(const SoundWish&);
     void goOn();
@@ -127,14 +127,14 @@ void SoundWorker::Desk::run() {
         tendMelody(work->of(DeviceType::Sequencer));
         tendSilence();
     }
-    if (loading()) melody_ = loading_.get();
+    dropLoading();
     melody_ = {};
     device_.close();
 }
 
 std::optional<SoundWorker::Desk::Work> SoundWorker::Desk::nextWork() {
     const auto awake = [this] { return stirred_ || ending_; };
-    const Time moment = nextMoment();
+    const Time moment = std::min({melodyEnd_, giveUp_, waveEnd_, close_});
     std::unique_lock lock(mutex_);
     if (moment == never)
         changed_.wait(lock, awake);
@@ -147,21 +147,25 @@ std::optional<SoundWorker::Desk::Work> SoundWorker::Desk::nextWork() {
     return work;
 }
 
-Time SoundWorker::Desk::nextMoment() const {
-    return std::min({melodyEnd_, giveUp_, waveEnd_, close_});
-}
-
 /// What was heard has come to nothing; the next wish tries the device again.
 void SoundWorker::Desk::tendLoss(Work& work) {
     if (!device_.isOpen()) return;
-    if (loading()) loading_.wait();
-    const bool waveHeard = waveEnd_ != never;
-    if (stage_ != Stage::silent) failMelody(work.of(DeviceType::Sequencer));
-    if (waveHeard) report(work.of(DeviceType::WaveAudio), false);
+    dropLoading();
+    const SoundWish &melody = work.of(DeviceType::Sequencer),
+                    &wave = work.of(DeviceType::WaveAudio);
+    if (stage_ != Stage::silent && melody.number == melodyNumber_) report(melody, false);
+    if (waveEnd_ != never && wave.number == waveNumber_) report(wave, false);
+    setMelody(Stage::silent);
     waveEnd_ = never;
-    if (loading()) loading_.get();
     melody_ = {};
     device_.close();
+}
+
+void SoundWorker::Desk::dropLoading() {
+    if (!loading()) return;
+    loading_.get();
+    const std::lock_guard lock(mutex_);
+    work_.loaded = false;
 }
 
 void SoundWorker::Desk::tendMelody(const SoundWish& wish) {
@@ -175,7 +179,9 @@ void SoundWorker::Desk::tendMelody(const SoundWish& wish) {
 void SoundWorker::Desk::obey(const SoundWish& wish) {
     melodyNumber_ = wish.number;
     if (stage_ == Stage::ended && wish.goesOn) return goOn();
+    // A melody that is stopped and started goes on where it was: each begins as a new one.
     device_.stopMelody();
+    melody_ = {};
     setMelody(wish.number == 0 ? Stage::silent : Stage::wanted);
 }
 

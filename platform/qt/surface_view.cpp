@@ -74,12 +74,12 @@ void SurfaceView::draw(const Painted& entry) {
     QPainter painter(&canvas_);
     // From here on coordinates are the canvas's own pixels.
     painter.scale(1 / canvas_.devicePixelRatio(), 1 / canvas_.devicePixelRatio());
-    const QRect box = toRect(toPixels(entry.box, form_.grid));
-    if (box.isEmpty()) return;
     if (entry.picture == picture::none) {
-        painter.fillRect(box, toQt(entry.colour));
+        painter.fillRect(toRect(toPixels(entry.box, form_.grid)), toQt(entry.colour));
         return;
     }
+    const QRect box = toRect(pictureToPixels(entry.box, form_.grid));
+    if (box.isEmpty()) return;
     const PixelBox seen = toPixels(entry.visible, form_.grid);
     painter.setClipRect(toRect(seen));
     painter.drawImage(box, pictures_.image(entry.picture, box.width(), box.height()));

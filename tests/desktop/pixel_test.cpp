@@ -98,7 +98,7 @@ public:
         int blurred = 0;
         for (const Known& card : now.cards()) {
             if (card.picture == picture::none || card.picture == picture::back) continue;
-            const QRect rect = rectOf(toPixels(card.box, g_.frmscopa.grid));
+            const QRect rect = rectOf(pictureToPixels(card.box, g_.frmscopa.grid));
             const QImage& drawn = pictures.image(card.picture, rect.width(), rect.height());
             if (image.copy(rect) != drawn.convertToFormat(image.format())) ++blurred;
         }
@@ -125,7 +125,7 @@ private:
         std::vector<QRect> covered;
         const Expected now = expected();
         for (const Known& card : now.cards())
-            covered.push_back(rectOf(toPixels(card.box, g_.frmscopa.grid)));
+            covered.push_back(rectOf(pictureToPixels(card.box, g_.frmscopa.grid)));
         for (const Control* control : drawnControls(g_.frmscopa))
             covered.push_back(rectOf(pixelsOf(*control, g_.frmscopa.grid)));
         EXPECT_GT(image.width(), 0);
