@@ -3,6 +3,7 @@
 
 #include "platform/qt/settings_store.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -20,26 +21,38 @@ std::optional<std::string> contents(const std::string& path) {
     return file.read(mostBytes).toStdString();
 }
 
-}  // namespace
-
-SettingsStore::SettingsStore(const std::string& programFolder)
-    : delivered_(programFolder + "/config.crv") {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    if (!QFileInfo(QString::fromStdString(programFolder)).isWritable())
-        own_ = folder.toStdString() + "/velarda/config.crv";
+bool later(const std::string& path, const std::string& other) {
+    const auto written = [](const std::string& file) {
+        return QFileInfo(QString::fromStdString(file)).lastModified();
+    };
+    return written(path) > written(other);
 }
 
-std::string SettingsStore::read() const {
-    if (!own_.empty())
-        if (const auto text = contents(own_)) return *text;
-    return contents(delivered_).value_or(std::string{});
-}
-
-bool SettingsStore::write(const std::string& text) const {
-    const QString path = QString::fromStdString(own_.empty() ? delivered_ : own_);
-    if (!QDir().mkpath(QFileInfo(path).path())) return false;
-    QSaveFile file(path);
+bool replace(const std::string& path, const std::string& text) {
+    const QString name = QString::fromStdString(path);
+    if (!QDir().mkpath(QFileInfo(name).path())) return false;
+    QSaveFile file(name);
     if (!file.open(QIODevice::WriteOnly)) return false;
     file.write(text.data(), static_cast<qint64>(text.size()));
     return file.commit();
+}
+
+}  // namespace
+
+SettingsStore::SettingsStore(const std::string& programFolder)
+    : besideProgram_(programFolder + "/config.crv"),
+      writable_(QFileInfo(QString::fromStdString(programFolder)).isWritable()) {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    own_ = folder.toStdString() + "/velarda/config.crv";
+}
+
+std::string SettingsStore::read() const {
+    const auto own = contents(own_), beside = contents(besideProgram_);
+    if (!own || (writable_ && beside && !later(own_, besideProgram_)))
+        return beside.value_or(std::string{});
+    return *own;
+}
+
+bool SettingsStore::write(const std::string& text) const {
+    return (writable_ && replace(besideProgram_, text)) || replace(own_, text);
 }

@@ -7,6 +7,7 @@
 
 /// Where the settings file lives: beside the program while it can be written there, and otherwise
 /// in the user's own configuration folder, with the one beside the program for the first values.
+/// Where both can be written, the one written last counts.
 class SettingsStore {
 public:
     explicit SettingsStore(const std::string& programFolder);
@@ -18,5 +19,6 @@ public:
     bool write(const std::string& text) const;
 
 private:
-    std::string delivered_, own_;
+    std::string besideProgram_, own_;
+    bool writable_;  ///< the program's folder, as far as its permissions tell
 };

@@ -1,0 +1,161 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QMouseEvent>
+#include <QTemporaryDir>
+
+#include "platform/qt/settings_store.h"
+#include "tools/recorder.h"
+#include "tools/scripted_desktop.h"
+
+// The desktop backend plays as the headless one does, its mouse means the same at every size, and
+// its settings file is whole at any time.
+
+namespace {
+
+constexpr int hands = 4;
+
+/// Plays matches to 21 points and returns what happened, line by line. `press` may do the robot's
+/// presses in its own way.
+template <class Platform>
+std::string transcript(Platform& backend, Game& g, const std::function<void(Game&)>& press = {}) {
+    Robot robot(g, 5);
+    robot.tipoPartita = 2;
+    Recorder recorder(true);
+    backend.time.user = [&](double until) {
+        const bool acted = robot.act(until);
+        if (acted && press) press(g);
+        return acted;
+    };
+    g.watcher = &recorder;
+    g.watch = [](Game& game, Moment moment, void* self) {
+        auto& seen = *static_cast<Recorder*>(self);
+        seen.see(game, moment);
+        if (moment == Moment::scored && seen.scored == hands) throw EndProgram{};
+    };
+    runProgram(g);
+    return recorder.text;
+}
+
+std::string headlessTranscript() {
+    Headless backend(1);
+    Game g(backend);
+    return transcript(backend, g);
+}
+
+/// Does the queued presses again with the mouse of the window system.
+void pressWithMouse(Game& g, SurfaceView& view) {
+    const std::vector<Event> queued = std::move(g.queue);
+    g.queue.clear();
+    for (const Event& event : queued) {
+        if (event.verb != Verb::MouseDown) {
+            g.queue.push_back(event);
+            continue;
+        }
+        const QPointF place(static_cast<double>(event.X) * view.width() / 800,
+                            static_cast<double>(event.Y) * view.height() / 600);
+        QMouseEvent press(QEvent::MouseButtonPress, place, view.mapToGlobal(place), Qt::RightButton,
+                          Qt::RightButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&view, &press);
+    }
+}
+
+TEST(Desktop, PlaysAsHeadless) {
+    ScriptedDesktop desktop;
+    Game g(desktop);
+    desktop.attach(g);
+    EXPECT_EQ(transcript(desktop, g), headlessTranscript());
+}
+
+TEST(Desktop, ReadsTheMouseAtAnySize) {
+    for (const QSize size : {QSize(640, 480), QSize(1111, 777), QSize(1920, 1080)}) {
+        ScriptedDesktop desktop;
+        Game g(desktop);
+        desktop.attach(g);
+        FormWindow& window = desktop.window(g.frmscopa);
+        window.resize(size);
+        EXPECT_EQ(transcript(desktop, g, [&](Game& game) { pressWithMouse(game, window.view()); }),
+                  headlessTranscript());
+    }
+}
+
+TEST(Desktop, KeepsWhatIsInFrontOfTheSurfaceFromIt) {
+    ScriptedDesktop desktop;
+    Game g(desktop);
+    desktop.attach(g);
+    int lampClicks = 0, presses = 0;
+    desktop.time.user = [&](double until) {
+        if (g.fase != "gioco1") return Robot(g, 1).act(until);
+        if (until != never) return false;
+        g.Text1.Visible = true;
+        g.queue.push_back({Source::frmscopa, Verb::MouseDown, 0, 1, 0,
+                           g.Verde(0).Left + g.Verde(0).Width / 2,
+                           g.Verde(0).Top + g.Verde(0).Height / 2});
+        pressWithMouse(g, desktop.window(g.frmscopa).view());
+        for (const Event& event : g.queue) {
+            lampClicks += event.source == Source::Verde;
+            presses += event.verb == Verb::MouseDown;
+        }
+        throw EndProgram{};
+    };
+    runProgram(g);
+    EXPECT_EQ(lampClicks, 1);
+    EXPECT_EQ(presses, 0);
+}
+
+class Settings : public testing::Test {
+protected:
+    QTemporaryDir folder_;
+
+    std::string path(const char* name) const { return folder_.filePath(name).toStdString(); }
+    static void put(const std::string& file, const QByteArray& text) {
+        QFile out(QString::fromStdString(file));
+        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(text);
+    }
+};
+
+TEST_F(Settings, LieBesideTheProgram) {
+    qputenv("XDG_CONFIG_HOME", "/proc/none");
+    const SettingsStore store(folder_.path().toStdString());
+    EXPECT_EQ(store.read(), "");
+    EXPECT_TRUE(store.write(" 3 \r\n 2 \r\n 100 \r\n"));
+    EXPECT_EQ(store.read(), " 3 \r\n 2 \r\n 100 \r\n");
+    put(path("config.crv"), QByteArray(3000000, 'x'));
+    EXPECT_LE(store.read().size(), 4096u);
+}
+
+TEST_F(Settings, GoToTheUsersFolderWhereTheProgramsCannotBeWritten) {
+    qputenv("XDG_CONFIG_HOME", folder_.filePath("home").toLocal8Bit());
+    const SettingsStore store("/proc");
+    EXPECT_EQ(store.read(), "");
+    EXPECT_TRUE(store.write(" 0 \r\n 1 \r\n 80 \r\n"));
+    EXPECT_EQ(store.read(), " 0 \r\n 1 \r\n 80 \r\n");
+    EXPECT_TRUE(QFile::exists(folder_.filePath("home/velarda/config.crv")));
+}
+
+TEST_F(Settings, StayWholeWhenTheyCannotBeWritten) {
+    qputenv("XDG_CONFIG_HOME", "/proc/none");
+    const SettingsStore store(folder_.path().toStdString());
+    ASSERT_TRUE(store.write(" 1 \r\n 1 \r\n 100 \r\n"));
+    ASSERT_TRUE(QDir(folder_.path()).rename("config.crv", "kept"));
+    ASSERT_TRUE(QDir(folder_.path()).mkdir("config.crv"));
+    EXPECT_FALSE(store.write(" 2 \r\n 2 \r\n 100 \r\n"));
+    EXPECT_EQ(store.read(), "");
+    ASSERT_TRUE(QDir(folder_.path()).rmdir("config.crv"));
+    ASSERT_TRUE(QDir(folder_.path()).rename("kept", "config.crv"));
+    EXPECT_EQ(store.read(), " 1 \r\n 1 \r\n 100 \r\n");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
