@@ -16,7 +16,7 @@ namespace {
 
 QIcon programIcon() {
     QIcon icon;
-    for (const int size : {16, 32, 64}) icon.addPixmap(QPixmap::fromImage(drawIcon(size)));
+    for (const int size : {16, 48}) icon.addPixmap(QPixmap::fromImage(drawIcon(size)));
     return icon;
 }
 
@@ -25,7 +25,6 @@ QIcon programIcon() {
 FormWindow::FormWindow(Runtime& runtime, Form& form, PictureCache& pictures)
     : runtime_(runtime), form_(form), view_(new SurfaceView(runtime, form, pictures, this)) {
     setWindowTitle(QString::fromStdString(form.Caption));
-    setWindowIcon(programIcon());
     setMinimumSize(320, 240);
     buildMenu();
     takeControls();
@@ -75,6 +74,8 @@ void FormWindow::present() {
     focusFirstButton();
     for (const auto& [entry, action] : checkable_) action->setChecked(entry->Checked);
     view_->present();
+    // Drawing the icon takes a while, and the first picture of the window should not wait for it.
+    if (windowIcon().isNull()) setWindowIcon(programIcon());
 }
 
 /// A button that comes up can be pressed from the keyboard at once.
