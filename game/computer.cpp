@@ -73,7 +73,7 @@ void discard(Game& g) {
     const int sevens = countSevens(g);
     int slot = 0;
     do {
-        slot = static_cast<int>(rtcRandomNext(g) * 3);
+        slot = randomBelow(g, 3);
     } while (heldCard(g, slot) == 0 || !accepted(g, heldCard(g, slot), sevens));
     choose(g, slot);
     g.numeroPresa = g.sommaPresa = 0;

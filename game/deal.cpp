@@ -17,7 +17,7 @@ constexpr float computersTop = 5;
 /// Draws a card that is left in the source pack; index 0 of it is always empty.
 int drawCard(Game& g) {
     while (true) {
-        const int k = static_cast<int>(rtcRandomNext(g) * 41);
+        const int k = randomBelow(g, 41);
         const int id = g.pilaPrese(k);
         if (id == 0) continue;
         g.pilaPrese(k) = 0;

@@ -148,7 +148,7 @@ void Form_Load(Game& g) {
     readSettings(g);
     prepareSound(g);
     rtcRandomize(g);
-    g.mazziere = static_cast<int>(rtcRandomNext(g) * 2) + 1;
+    g.mazziere = randomBelow(g, 2) + 1;
 }
 
 void Form_Activate(Game& g) {

@@ -37,6 +37,10 @@ float rtcRandomNext(Runtime& runtime) {
     return static_cast<float>(next(chance.state) >> 40) * 0x1p-24f;
 }
 
+int randomBelow(Runtime& runtime, int n) {
+    return static_cast<int>(static_cast<double>(rtcRandomNext(runtime)) * n);
+}
+
 int rounded(float value) {
     const float down = std::floor(value);
     const float over = value - down;

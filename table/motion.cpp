@@ -16,8 +16,8 @@ constexpr float bannerTime = 120;
 
 void drawFreePlace(Game& g) {
     do {
-        g.rigaTavolo = static_cast<int>(rtcRandomNext(g) * 3 + 1);
-        g.colonnaTavolo = static_cast<int>(rtcRandomNext(g) * 4 + 1);
+        g.rigaTavolo = randomBelow(g, 3) + 1;
+        g.colonnaTavolo = randomBelow(g, 4) + 1;
     } while (g.tavolo(g.rigaTavolo, g.colonnaTavolo) != 0);
 }
 

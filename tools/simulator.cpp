@@ -130,7 +130,7 @@ public:
         writeOut(recorder_.text);
     }
 
-    const Recorder& recorder() const { return recorder_; }
+    Recorder& recorder() { return recorder_; }
 
 private:
     void see(Moment moment) {
@@ -181,6 +181,8 @@ int simulate(const Options& options) {
     try {
         simulation.run();
     } catch (const InvariantBroken& fault) {
+        // What led up to the fault is worth having.
+        writeOut(simulation.recorder().text);
         std::fflush(stdout);
         std::fprintf(stderr, "velarda-sim: %s: hand %d, seed %llu\n", fault.what(),
                      simulation.recorder().hands, static_cast<unsigned long long>(options.seed));
