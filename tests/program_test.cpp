@@ -1,144 +1,171 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-// From hand to hand and from match to match, by clicks on the score sheet.
+// From the title through the opening screen and from match to match, to the end of the program.
+
+#include <algorithm>
 
 #include "tests/script.h"
 
+using namespace script;
+using enum Moment;
+
 namespace {
 
-using script::Play;
+/// The pause before or after a player's choice of a card.
+bool inMove(const Play& p, int player, bool chosen) {
+    return p.moment == turn && p.g.giocatore == player && p.g.fase.empty() &&
+           (p.g.cartaGiocata != 0) == chosen;
+}
 
-/// Two hands of a match by their points, and what the left button offers after each.
-struct MatchCase {
-    int type, human1, computer1, human2, computer2;
-    const char *after1, *after2;
-};
-const char *const onward = "CONTINUE", *const over = "NEW GAME";
+TEST(Opening, ShowsTheTitleForTenSecondsByTheRateAndThenThePanel) {
+    const std::pair<const char*, double> cases[] = {{"0,1", 10}, {"0,2", 5}, {"0,3", 10 / 3.0}};
+    for (const auto& [settings, seconds] : cases) {
+        Play p(1, settings);
+        p.then(&Play::titleShows, [&] {
+            expectPlace(p.g.Picture4, 172, 166.8f);
+            for (const Control* one : p.g.frmscopa.controls)
+                EXPECT_EQ(one->Visible, one == &p.g.Picture4);
+            p.menu(p.g.velocità_gioco(3));
+        });
+        p.then(&Play::choosing, [&] {
+            EXPECT_NEAR(p.now(), seconds, 1e-6) << "the wait under way keeps its length";
+            expectPlace(p.g.Gorilla(10), 300, 327.48f);
+            EXPECT_EQ(p.g.Option1(1).Caption, "11 points Game");
+            EXPECT_EQ(Point(p.g.frmscopa, 198.5, 300), 0) << "the panel's edge";
+        });
+        const auto computersTurn = [](auto& now) { return inMove(now, computer, false); };
+        p.then(computersTurn, [&] { EXPECT_NEAR(p.left(), 1 / 3.0, 1e-6) << "by the new rate"; });
+        p.run();
+    }
+}
+
+/// The frame of a mascot that is in front.
+template <class Frames>
+int front(const Frames& frames) {
+    const auto lower = [](const Image& a, const Image& b) { return a.z < b.z; };
+    return std::max_element(frames.begin() + 1, frames.end(), lower)->index;
+}
+
+TEST(OpeningScreen, BothMascotsPlayUntilGo) {
+    Play p;
+    p.robotPlays = false;
+    std::map<double, std::pair<int, int>> inFront;  // by the moment from which it holds
+    p.look = [&] {
+        if (p.choosing()) inFront[p.now()] = {front(p.g.Gorilla), front(p.g.Mask2)};
+    };
+    p.then([](auto& now) { return now.now() > 13; }, [&] { p.press({&p.g.GO}); });
+    p.then(&Play::picking);
+    p.run();
+    const auto at = [&](double t) { return std::prev(inFront.upper_bound(5 + t))->second; };
+    for (int tick = 1; tick <= 35; ++tick)
+        EXPECT_EQ(at(tick * 0.08 + 0.01).first, (tick - 1) % 10 + 1) << tick;
+    const std::map<double, int> masks{{0.2, 1},  {2.5, 1},  {2.53, 2}, {2.65, 3}, {2.77, 4},
+                                      {2.89, 5}, {5.27, 5}, {5.29, 1}, {7.67, 1}, {7.69, 2}};
+    for (const auto& [time, frame] : masks) EXPECT_EQ(at(time).second, frame) << time;
+    EXPECT_FALSE(p.g.Mask2(5).Visible || p.g.Timer1.enabled || p.g.Timer2.enabled);
+    EXPECT_EQ(p.g.fotoGorilla + p.g.giriGorilla + p.g.fotoMaschera + p.g.giriMaschera, 0);
+    expectPlace(p.g.Mask2(5), 100, 400);
+}
 
 TEST(Match, EndsByItsKind) {
-    const MatchCase cases[] = {
-        {0, 5, 5, 4, 3, onward, over},     {0, 4, 4, 5, 5, onward, onward},
-        {1, 6, 6, 4, 4, onward, onward},   {1, 6, 5, 4, 4, onward, onward},
-        {1, 7, 6, 4, 4, onward, over},     {1, 7, 7, 4, 4, onward, onward},
-        {1, 10, 10, 4, 4, onward, onward}, {1, 8, 7, 4, 4, onward, over},
-        {1, 5, 10, 1, 4, onward, over},    {1, 10, 1, 0, 9, onward, onward},
-        {2, 16, 16, 4, 4, onward, onward}, {2, 17, 16, 4, 4, onward, over},
-        {2, 17, 17, 4, 4, onward, onward}, {2, 19, 19, 4, 4, onward, onward},
-        {2, 20, 19, 4, 4, onward, over},   {2, 12, 5, 4, 6, onward, onward},
-    };
-    for (const MatchCase& m : cases) {
+    struct {
+        int type, human1, computer1, human2, computer2;
+        bool over;  ///< after these two hands; the first never ends the match
+    } const cases[] = {{0, 5, 5, 4, 3, true},   {0, 4, 4, 5, 5, false},   {1, 6, 5, 4, 4, false},
+                       {1, 7, 6, 4, 4, true},   {1, 7, 7, 4, 4, false},   {1, 5, 10, 1, 4, true},
+                       {1, 10, 1, 0, 9, false}, {2, 16, 16, 4, 4, false}, {2, 17, 16, 4, 4, true}};
+    for (const auto& [type, human1, computer1, human2, computer2, over] : cases) {
+        SCOPED_TRACE(testing::PrintToString(std::array{type, human1, computer1, human2}));
         Play p;
-        p.robot.tipoPartita = m.type;
+        p.robot.tipoPartita = type;
         p.watch = [&](Moment moment) {
-            if (moment != Moment::leftovers) return;
+            if (moment != leftovers) return;
             const bool first = p.seen(moment) == 1;
-            script::forceHand(p.g, first ? m.human1 : m.human2, first ? m.computer1 : m.computer2);
+            forceHand(p.g, first ? human1 : human2, first ? computer1 : computer2);
         };
-        std::string after1;
-        p.then([&] { return p.scoreShown(); }, [&] { after1 = p.g.Command1.Caption; });
-        p.then([&] { return p.scoreShown() && p.seen(Moment::scored) == 2; });
+        p.then(&Play::scoreShownAgain);
         p.run();
-        SCOPED_TRACE(testing::Message() << m.type << ": " << m.human1 << ' ' << m.computer1 << ", "
-                                        << m.human2 << ' ' << m.computer2);
-        EXPECT_EQ(after1, m.after1);
-        EXPECT_EQ(p.g.Command1.Caption, m.after2);
-        const bool addsUp = m.type != 0;
-        EXPECT_EQ(p.g.totaleUmano, m.human2 + (addsUp ? m.human1 : 0));
-        EXPECT_EQ(p.g.totaleComputer, m.computer2 + (addsUp ? m.computer1 : 0));
-        EXPECT_EQ(p.g.progressoPartita, addsUp ? 20 : 0);
+        EXPECT_EQ(p.g.Command1.Caption, over ? "NEW GAME" : "CONTINUE");
+        EXPECT_EQ(p.g.totaleUmano, human2 + (type != 0 ? human1 : 0));
+        EXPECT_EQ(p.g.totaleComputer, computer2 + (type != 0 ? computer1 : 0));
     }
 }
 
-TEST(Match, NewGameStartsAfreshAndKeepsTheKind) {
-    Play p;
-    p.watch = [&](Moment moment) {
-        if (moment == Moment::leftovers) script::forceHand(p.g, 12, 4);
-    };
-    p.then([&] { return p.choosing(); },
-           [&] {
-               p.option(1);
-               p.go();
-           });
-    p.then([&] { return p.scoreShown(); }, [&] { p.button(p.g.Command1); });
-    double clicked = -1, chosen = -1;
-    p.then([&] { return p.titleShows(); },
-           [&] {
-               clicked = p.now();
-               EXPECT_EQ(p.g.totaleUmano + p.g.totaleComputer, 0);
-           });
-    p.then([&] { return p.choosing(); },
-           [&] {
-               chosen = p.now();
-               EXPECT_EQ(p.g.totaleUmano + p.g.totaleComputer + p.g.progressoPartita, 0);
-               EXPECT_EQ(p.g.Command1.Caption, "NEW GAME");
-               EXPECT_FALSE(p.g.LBLdat.loaded(13));
-               EXPECT_TRUE(p.g.Option1(1).Value);
-               p.go();
-           });
-    p.then([&] { return p.scoreShown() && p.seen(Moment::scored) == 2; });
-    p.run();
-    EXPECT_NEAR(chosen - clicked, 5, 1e-6) << "the title comes again";
-    EXPECT_EQ(p.g.tipoPartita, 1);
-    EXPECT_EQ(p.g.totaleUmano, 12);
-    EXPECT_EQ(p.g.progressoPartita, 10);
-}
-
-TEST(Match, TheDealChangesSidesForEver) {
-    for (const int first : {human, computer}) {
-        Play p;
-        script::chooseDealer(p.g, first);
-        std::vector<int> dealers;
-        p.watch = [&](Moment moment) {
-            if (moment == Moment::dealt) dealers.push_back(p.g.mazziere);
-            // A draw now and then: single games of one, two and three hands.
-            const bool drawn = dealers.size() % 3 == 1;
-            if (moment == Moment::leftovers) script::forceHand(p.g, drawn ? 4 : 5, 4);
-        };
-        p.runHands(7);
-        for (std::size_t i = 0; i < dealers.size(); ++i)
-            EXPECT_EQ(dealers[i], i % 2 == 0 ? first : 3 - first) << "hand " << i + 1;
-    }
-}
-
-TEST(Match, ContinueDealsAtOnceAndKeepsTheSheet) {
-    Play p;
-    p.robot.tipoPartita = 2;
-    double clicked = -1;
-    int progress = -1;
-    p.then([&] { return p.scoreShown(); }, [&] { clicked = p.now(); });
-    p.watch = [&](Moment moment) {
-        if (moment != Moment::dealt || p.seen(moment) != 2) return;
-        EXPECT_EQ(p.now(), clicked);
-        progress = p.g.progressoPartita;
-    };
-    p.then([&] { return p.seen(Moment::dealt) == 2; });
-    p.run();
-    EXPECT_EQ(progress, 10);
-    EXPECT_TRUE(p.g.LBLdat.loaded(22));
-}
-
-TEST(DoublePress, StartsOneHand) {
-    for (const bool matchOver : {false, true}) {
+TEST(Presses, ThatComeTwiceStartOneHand) {
+    for (const bool over : {false, true}) {
         Play p;
         p.watch = [&](Moment moment) {
-            if (moment == Moment::leftovers) script::forceHand(p.g, matchOver ? 5 : 4, 4);
+            if (moment == leftovers) forceHand(p.g, over ? 12 : 4, 4);
         };
-        const auto twice = [&p](Control& control, Form& form) {
-            clickOn(p.g, form, control);
-            clickOn(p.g, form, control);
-        };
-        p.then([&] { return p.choosing(); }, [&] { twice(p.g.GO, p.g.frmscopa); });
-        p.then([&] { return p.picking(); }, [&] { clickOn(p.g, p.g.frmscopa, p.g.GO); });
-        p.then([&] { return p.scoreShown(); }, [&] { twice(p.g.Command1, p.g.frmscore); });
-        if (matchOver) p.then([&] { return p.choosing(); }, [&] { twice(p.g.GO, p.g.frmscopa); });
-        p.then([&] { return p.picking(); }, [&] { p.button(p.g.Command1); });
-        p.then([&] { return p.scoreShown() && p.seen(Moment::scored) >= 2; });
+        Game& g = p.g;
+        p.then(&Play::choosing, [&] { p.press({&g.Option1(2), &g.Option1(1), &g.GO, &g.GO}); });
+        p.then(&Play::picking, [&] { p.press({&g.GO}); });
+        p.then(&Play::scoreShown, [&] { p.press({&g.Command1, &g.Command1}); });
+        if (over) {
+            p.then(&Play::titleShows);
+            p.then(&Play::choosing, [&] { p.press({&g.GO, &g.GO}); });
+        }
+        p.then(&Play::picking, [&] { p.press({&g.Command1}); });
+        p.then(&Play::scoreShownAgain);
         p.run();
-        EXPECT_EQ(p.seen(Moment::dealt), 2);
-        EXPECT_EQ(p.seen(Moment::turn), 72);
-        EXPECT_EQ(p.seen(Moment::scored), 2);
+        EXPECT_EQ(p.seen(turn), 72);
+        EXPECT_EQ(g.tipoPartita, 1) << "the last click counts, in later matches too";
+        EXPECT_TRUE(g.Option1(1).Value && !g.Option1(2).Value);
+        EXPECT_EQ(g.totaleUmano, over ? 12 : 8) << "a new match starts afresh";
     }
+}
+
+constexpr double aFrame = 1 / 60.0;  ///< of a slide
+
+bool maskShows(const Play& p, bool plays) {
+    return p.started() && p.g.Mask2(5).Visible && !p.choosing() && p.g.Timer2.enabled == plays;
+}
+
+const std::map<std::string, When> waits{
+    {"title", &Play::titleShows},
+    {"opening screen", &Play::choosing},
+    {"choice of a card", &Play::picking},
+    {"choice of what it takes", &Play::selecting},
+    {"after the human's choice", [](auto& p) { return inMove(p, human, true); }},
+    {"before the computer's choice", [](auto& p) { return inMove(p, computer, false); }},
+    {"after the computer's choice", [](auto& p) { return inMove(p, computer, true); }},
+    {"human's sweep", [](auto& p) { return maskShows(p, true); }},
+    {"last frame of the human's sweep", [](auto& p) { return maskShows(p, false); }},
+    {"computer's sweep", [](auto& p) { return p.started() && p.g.Timer1.enabled; }},
+    {"fan", [](auto& p) { return p.moment == decided && p.left() > 2 * aFrame; }},
+    {"slide", [](auto& p) { return p.moment == decided && p.left() < 1.1 * aFrame; }},
+    {"banner", [](auto& p) { return p.g.Picture2.Visible; }},
+    {"end of a round", [](auto& p) { return p.moment == carriedOut && p.g.mosseGiocate == 6; }},
+    {"before the sheet", [](auto& p) { return p.moment == leftovers && !p.g.raccoltaFinale; }},
+    {"score sheet", &Play::scoreShown}};
+
+const std::map<std::string, Event> ways{
+    {"close command", {Source::frmscopa, Verb::QueryUnload}},
+    {"menu", {Source::esci, Verb::Click}},
+    {"close command of the sheet", {Source::frmscore, Verb::QueryUnload}},
+    {"QUIT", {Source::Command2, Verb::Click}}};
+
+TEST(Ending, WorksInEveryWait) {
+    for (const auto& [wait, when] : waits)
+        for (const auto& [way, event] : ways) {
+            SCOPED_TRACE(way + " in the wait: " + wait);
+            Play p;
+            p.backend.frameSeconds = aFrame;
+            double left = -1;
+            p.look = [&] { EXPECT_EQ(left, -1) << "the program goes on"; };
+            p.watch = [&](Moment) { EXPECT_EQ(left, -1) << "the move is not finished"; };
+            p.then(when, [&] {
+                p.g.queue.push_back(event);
+                p.menu(p.g.velocità_gioco(3));  // comes too late
+                left = p.now();
+            });
+            p.run();
+            EXPECT_EQ(p.now(), left) << "it ends at once";
+            for (const MMControl* device : {&p.g.MMC1, &p.g.MMCw})
+                EXPECT_EQ(device->state, MMControl::State::closed);
+            EXPECT_EQ(p.backend.settingsWritten, 0) << "nothing is saved";
+        }
 }
 
 }  // namespace

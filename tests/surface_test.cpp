@@ -1,7 +1,7 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-// The painted surface against a raster that knows no entries, only colours.
+// The painted surface against all that was painted on it, and which control is at a point.
 
 #include <gtest/gtest.h>
 
@@ -13,213 +13,118 @@
 
 namespace {
 
-/// Every picture shows, wherever it is looked at, which one it is and at which of its points.
-struct Gradient : Headless {
-    Colour pixel(Picture picture, float across, float down) override {
-        return picture << 16 | static_cast<int>(across * 255) << 8 | static_cast<int>(down * 255);
-    }
+struct Random : std::mt19937 {
+    int below(int n) { return static_cast<int>((*this)() % static_cast<unsigned>(n)); }
+    float unit(int n) { return static_cast<float>(below(n)); }
 };
 
-/// A form together with a raster of half units, painted the plain way.
-class Sheet {
-public:
-    static constexpr int width = 64, height = 48;  ///< half units
-
-    Sheet() {
-        form.backend = &backend_;
-        backColor(0x112233);
-    }
-
+/// A form whose backend keeps everything that is painted and drops nothing.
+struct Sheet : Headless {
     Form form;
+    std::vector<Painted> strokes;
 
-    void picture(Picture p, float x, float y, float w, float h) {
-        PaintPicture(form, p, x, y, w, h);
-        each(x, y, x + w, y + h,
-             [&](float cx, float cy) { return backend_.pixel(p, (cx - x) / w, (cy - y) / h); });
-    }
-    void fill(float x1, float y1, float x2, float y2, Colour c) {
-        Line(form, x1, y1, x2, y2, c, LineStyle::BF);
-        box(x1, y1, x2, y2, c);
-    }
-    void line(float x1, float y1, float x2, float y2, Colour c) {
-        Line(form, x1, y1, x2, y2, c);
-        box(x1, y1, x2, y2, c);
-    }
-    void outline(float x1, float y1, float x2, float y2, Colour c) {
-        Line(form, x1, y1, x2, y2, c, LineStyle::B);
-        box(x1, y1, x2, y1 + 1, c);
-        box(x1, y2 - 1, x2, y2, c);
-        box(x1, y1, x1 + 1, y2, c);
-        box(x2 - 1, y1, x2, y2, c);
-    }
-    void clear() {
-        Cls(form);
-        each(0, 0, width, height, [&](float, float) { return back_; });
-    }
-    void backColor(Colour c) {
-        BackColor(form, c);
-        back_ = c;
-        each(0, 0, width, height, [&](float, float) { return c; });
-    }
+    Sheet() { form.backend = this; }
+    void painted(Form&, const Painted& stroke) override { strokes.push_back(stroke); }
+    void cleared(Form&) override { strokes.clear(); }
 
-    /// The first point at which the surface and the raster differ, empty if there is none.
-    std::string difference() const {
-        for (int row = 0; row < height; ++row)
-            for (int column = 0; column < width; ++column)
-                if (Point(form, centre(column), centre(row)) != cells_[row][column])
-                    return std::to_string(centre(column)) + ' ' + std::to_string(centre(row));
-        return {};
-    }
-
-private:
-    static float centre(int cell) { return static_cast<float>(cell) / 2 + 0.25f; }
-
-    void box(float x1, float y1, float x2, float y2, Colour c) {
-        each(std::min(x1, x2), std::min(y1, y2), std::max(x1, x2) + 1, std::max(y1, y2) + 1,
-             [c](float, float) { return c; });
-    }
-    template <class At>
-    void each(float left, float top, float right, float bottom, At at) {
-        for (int row = 0; row < height; ++row)
-            for (int column = 0; column < width; ++column) {
-                const float x = centre(column), y = centre(row);
-                if (x > left && x < right && y > top && y < bottom) cells_[row][column] = at(x, y);
+    /// At how many points something else is seen than what was painted last.
+    int differences() const {
+        int count = 0;
+        for (float y = 0.25f; y < 24; y += 0.5f)
+            for (float x = 0.25f; x < 32; x += 0.5f) {
+                const auto last = std::find_if(strokes.rbegin(), strokes.rend(), [&](auto& one) {
+                    const Box& box = one.box;
+                    return x > box.left && x < box.right && y > box.top && y < box.bottom;
+                });
+                const Painted* seen = form.surface.at(x, y);
+                const Painted below = last == strokes.rend() ? Painted{} : *last;
+                const Painted top = seen ? *seen : Painted{};
+                count += top.picture != below.picture || top.colour != below.colour;
             }
+        return count;
     }
-
-    Gradient backend_;
-    Colour back_ = 0, cells_[height][width] = {};
 };
 
-/// Paints at random, but often at the same edges, as the game does.
-class Painter {
-public:
-    Painter(Sheet& sheet, unsigned seed) : sheet_(sheet), random_(seed) {}
-
-    void stroke() {
-        const int kind = below(100);
-        const float x = edge(), y = edge();
-        if (kind < 30) {
-            sheet_.picture(picture(), x, y, size(), size());
-        } else if (kind < 55) {
-            sheet_.fill(x, y, x + size() - 1, y + size() - 1, colour());
-        } else if (kind < 65) {
-            sheet_.fill(x + size(), y + size(), x, y, colour());
-        } else if (kind < 75) {
-            kind % 2 == 0 ? sheet_.line(x, y, x, y + size(), colour())
-                          : sheet_.line(x + size(), y, x, y, colour());
-        } else if (kind < 82) {
-            sheet_.outline(x, y, x + size(), y + size(), colour());
-        } else if (kind < 85) {
-            slide(x, y);
-        } else if (kind < 89) {
-            interruptedFill(x, y);
-        } else if (kind < 94) {
-            wipe();
-        } else if (kind < 98) {
-            sheet_.form.surface.tidy();
-        } else if (kind == 98) {
-            sheet_.clear();
-        } else {
-            sheet_.backColor(colour());
-        }
+/// Paints something at random, but often at the same edges, as the game does.
+void paint(Form& form, Random& random) {
+    const float x = random.unit(28), y = random.unit(28);
+    const float w = random.unit(3) * 4 + 4, h = random.unit(3) * 4 + 4;
+    const Colour colour = 0x7000 + random.below(3);
+    const auto picture = static_cast<Picture>(1 + random.below(60));
+    const int kind = random.below(20);
+    if (kind < 8) PaintPicture(form, picture, x, y, w, h);
+    if (kind >= 8 && kind < 14) Line(form, x, y, x + w - 1, y + h - 1, colour, LineStyle::BF);
+    if (kind == 14) Line(form, x + w, y, x, y, colour);
+    if (kind == 15) Line(form, x, y, x + w, y + h, colour, LineStyle::B);
+    if (kind == 16) form.surface.tidy();
+    if (kind == 17) BackColor(form, colour);
+    for (float top = y; kind > 17 && top < y + 9; top += 2) {  // a slide
+        PaintPicture(form, picture, x, top + 1, w, h);
+        Line(form, x, top - 3, x + w, top, 0x7000, LineStyle::BF);
     }
-
-private:
-    int below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
-    float edge() { return static_cast<float>(below(14)) * 2 + static_cast<float>(below(2)) / 2; }
-    float size() { return static_cast<float>(below(3)) * 4 + 4; }
-    Colour colour() { return 0x7000 + below(3); }
-    Picture picture() { return static_cast<Picture>(1 + below(3)); }
-
-    void slide(float x, float y) {
-        const Picture card = picture();
-        const float w = size(), h = size();
-        for (float top = y; top < y + 9; top += 2) {
-            sheet_.picture(card, x, top + 1, w, h);
-            sheet_.fill(x, top - 3, x + w, top, 0x7000);
-        }
-    }
-    /// Two fills that make up one box, and something painted between them over their edge.
-    void interruptedFill(float x, float y) {
-        const Colour c = colour();
-        const float w = size(), h = size();
-        sheet_.fill(x, y, x + w - 1, y + h - 1, c);
-        const float px = x + static_cast<float>(below(12)) - 6, py = y + size() - 6;
-        below(2) == 0 ? sheet_.picture(picture(), px, py, size(), size())
-                      : sheet_.fill(px, py, px + size(), py + size(), colour());
-        below(2) == 0 ? sheet_.fill(x + w, y, x + w + 3, y + h - 1, c)
-                      : sheet_.fill(x, y - 4, x + w - 1, y - 1, c);
-    }
-    void wipe() {
-        const Colour c = colour();
-        for (float x = 0; x < 20; ++x) {
-            sheet_.line(x, 0, x, 13, c);
-            sheet_.line(31 - x, 23, 31 - x, 12, c);
-        }
-    }
-
-    Sheet& sheet_;
-    std::mt19937 random_;
-};
+}
 
 TEST(Surface, ShowsWhatWasPaintedLast) {
-    for (unsigned seed = 1; seed <= 60; ++seed) {
-        Sheet sheet;
-        Painter painter(sheet, seed);
-        for (int stroke = 1; stroke <= 40; ++stroke) {
-            painter.stroke();
-            if (stroke % 2 != 0) continue;
-            ASSERT_EQ(sheet.difference(), "") << "seed " << seed << ", stroke " << stroke;
-        }
-        sheet.form.surface.tidy();
-        ASSERT_EQ(sheet.difference(), "") << "seed " << seed << ", tidied";
+    Random random;
+    Sheet sheet;
+    for (int stroke = 1; stroke <= 12000; ++stroke) {
+        paint(sheet.form, random);
+        ASSERT_EQ(sheet.differences(), 0) << "stroke " << stroke;
     }
 }
 
-TEST(Surface, StaysTheSameWhenItTidiesItselfUp) {
-    Sheet sheet;
-    std::mt19937 random(7);
-    const auto draw = [&random] { return static_cast<float>(random() % 14) * 2; };
-    for (int i = 0; i < 2500; ++i)
-        sheet.picture(static_cast<Picture>(1 + i % 40), draw(), draw(), 2.5f, 3);
-    EXPECT_LT(sheet.form.surface.list.size(), 600u);
-    EXPECT_EQ(sheet.difference(), "");
-}
-
-TEST(Surface, ASlideAndAWipeLeaveNoTrail) {
+TEST(Surface, StaysSmall) {
     Sheet sheet;
     for (float top = 0; top < 400; top += 2) {
-        sheet.picture(1, 4, top + 1, 6, 8);
-        sheet.fill(4, top - 3, 10, top, 0x7000);
+        PaintPicture(sheet.form, 1, 4, top + 1, 6, 8);
+        Line(sheet.form, 4, top - 3, 10, top, 0x7000, LineStyle::BF);
     }
-    EXPECT_LT(sheet.form.surface.list.size(), 10u);
-    EXPECT_EQ(sheet.difference(), "");
     for (float x = 0; x <= 800; ++x) {
-        sheet.line(x, 0, x, 301, 0x5);
-        sheet.line(800 - x, 600, 800 - x, 300, 0x5);
+        Line(sheet.form, x, 0, x, 301, 0x5);
+        Line(sheet.form, 800 - x, 600, 800 - x, 300, 0x5);
     }
-    EXPECT_LT(sheet.form.surface.list.size(), 10u);
-    EXPECT_EQ(sheet.difference(), "");
+    EXPECT_LT(sheet.form.surface.list.size(), 10u) << "a slide and a wipe leave no trail";
+    Random random;
+    for (int i = 0; i < 2500; ++i)
+        PaintPicture(sheet.form, 1, random.unit(14), random.unit(14), 2.5f, 3);
+    EXPECT_LT(sheet.form.surface.list.size(), 600u) << "it tidies itself up";
+    Line(sheet.form, 10, 10, 12, 14, 0x99, LineStyle::BF);
+    EXPECT_EQ(Point(sheet.form, 12.9f, 14.9f), 0x99) << "the ends are included";
+    EXPECT_NE(Point(sheet.form, 13, 14), 0x99);
 }
 
-TEST(Surface, EndsAreIncluded) {
-    Sheet sheet;
-    sheet.backColor(0);
-    const Form& form = sheet.form;
-    Line(sheet.form, 10, 10, 12, 14, 0x99, LineStyle::BF);
-    struct {
-        float x, y;
-        bool painted;
-    } const points[] = {{10, 10, true},  {12, 14, true},    {12.9f, 14.9f, true}, {9.9f, 12, false},
-                        {13, 12, false}, {11, 9.9f, false}, {11, 15, false}};
-    for (const auto& [x, y, painted] : points)
-        EXPECT_EQ(Point(form, x, y) == 0x99, painted) << x << ' ' << y;
-    PaintPicture(sheet.form, 5, 20, 10, 4, 6);
-    EXPECT_EQ(Point(form, 20, 10) >> 16, 5);
-    EXPECT_EQ(Point(form, 23.9f, 15.9f) >> 16, 5);
-    EXPECT_EQ(Point(form, 24, 12), 0) << "a picture is as wide as it is told";
-    EXPECT_EQ(Point(form, 22, 16), 0);
+TEST(ControlAt, IsTheOneInFront) {
+    Random random;
+    for (int round = 0; round < 300; ++round) {
+        Sheet sheet;
+        Runtime runtime(sheet, {});
+        sheet.form.grid = {1 + random.unit(30) / 10, 1.25, 1.25};
+        Image images[24];
+        for (Image& image : images) {
+            Move(image, random.unit(60), random.unit(60));
+            image.Width = image.Height = 25;
+            image.fixedWidth = random.below(3) == 0 ? 17 : 0;
+            image.Visible = random.below(4) != 0;
+            image.kind = random.below(4) == 0 ? Kind::button : Kind::image;
+            sheet.form.controls.push_back(&image);
+        }
+        auto order = sheet.form.controls;  // from back to front
+        for (int i = 0; i < 9; ++i) {
+            Image& raised = images[random.below(24)];
+            ZOrder(runtime, raised);
+            std::erase(order, &raised);
+            order.push_back(&raised);
+        }
+        std::erase_if(order, [](auto* one) { return !one->Visible || one->kind == Kind::button; });
+        EXPECT_TRUE(std::ranges::equal(drawnControls(sheet.form), order));
+        const float x = random.unit(90) + 0.3f, y = random.unit(90) + 0.3f;
+        const double px = x * sheet.form.grid.x, py = y * sheet.form.grid.y;
+        const auto front = std::find_if(order.rbegin(), order.rend(), [&](auto* one) {
+            const PixelBox box = pixelsOf(*one, sheet.form.grid);
+            return px >= box.left && px < box.right && py >= box.top && py < box.bottom;
+        });
+        EXPECT_EQ(controlAt(sheet.form, x, y), front == order.rend() ? nullptr : *front);
+    }
 }
 
 }  // namespace
