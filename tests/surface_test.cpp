@@ -88,9 +88,9 @@ TEST(Surface, StaysSmall) {
     for (int i = 0; i < 2500; ++i)
         PaintPicture(sheet.form, 1, random.unit(14), random.unit(14), 2.5f, 3);
     EXPECT_LT(sheet.form.surface.list.size(), 600u) << "it tidies itself up";
-    Line(sheet.form, 10, 10, 12, 14, 0x99, LineStyle::BF);
-    EXPECT_EQ(Point(sheet.form, 12.9f, 14.9f), 0x99) << "the ends are included";
-    EXPECT_NE(Point(sheet.form, 13, 14), 0x99);
+    Line(sheet.form, 10, 10, 20, 20, 0x99, LineStyle::B);
+    EXPECT_EQ(Point(sheet.form, 20.9f, 11.9f), 0x99) << "the ends are included";
+    EXPECT_NE(Point(sheet.form, 12.1f, 18.9f), 0x99) << "an outline is two units thick";
 }
 
 TEST(ControlAt, IsTheOneInFront) {
