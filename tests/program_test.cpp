@@ -68,30 +68,6 @@ TEST(OpeningScreen, BothMascotsPlayUntilGo) {
     expectPlace(p.g.Mask2(5), 100, 400);
 }
 
-TEST(Match, EndsByItsKind) {
-    struct {
-        int type, human1, computer1, human2, computer2;
-        bool over;  ///< after these two hands; the first never ends the match
-    } const cases[] = {{0, 5, 5, 4, 3, true},   {0, 4, 4, 5, 5, false},   {1, 6, 5, 4, 4, false},
-                       {1, 7, 6, 4, 4, true},   {1, 7, 7, 4, 4, false},   {1, 5, 10, 1, 4, true},
-                       {1, 10, 1, 0, 9, false}, {2, 16, 16, 4, 4, false}, {2, 17, 16, 4, 4, true}};
-    for (const auto& [type, human1, computer1, human2, computer2, over] : cases) {
-        SCOPED_TRACE(testing::PrintToString(std::array{type, human1, computer1, human2}));
-        Play p;
-        p.robot.tipoPartita = type;
-        p.watch = [&](Moment moment) {
-            if (moment != leftovers) return;
-            const bool first = p.seen(moment) == 1;
-            forceHand(p.g, first ? human1 : human2, first ? computer1 : computer2);
-        };
-        p.then(&Play::scoreShownAgain);
-        p.run();
-        EXPECT_EQ(p.g.Command1.Caption, over ? "NEW GAME" : "CONTINUE");
-        EXPECT_EQ(p.g.totaleUmano, human2 + (type != 0 ? human1 : 0));
-        EXPECT_EQ(p.g.totaleComputer, computer2 + (type != 0 ? computer1 : 0));
-    }
-}
-
 TEST(Presses, ThatComeTwiceStartOneHand) {
     for (const bool over : {false, true}) {
         Play p;

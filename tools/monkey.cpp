@@ -14,11 +14,15 @@ constexpr int oftenEnough = 40;  ///< one in so many waits is disturbed while th
 
 bool Monkey::tease(double until) {
     if (until == never) return teaseWaitingPlayer();
-    // While the game moves, a click anywhere is refused. Where it looks after other events and
-    // would take a card, the surface is left alone.
+    // While the game moves, a click anywhere is refused and the menus work. Where it looks after
+    // other events and would take a card, the surface is left alone.
     const bool takesCards = g_.fase == "selezione" || (g_.fase == "gioco1" && g_.cartaGiocata == 0);
     if (g_.GO.Visible || takesCards || hand_.draw(oftenEnough) != 0) return false;
-    hand_.pressAt(static_cast<float>(hand_.draw(800)), static_cast<float>(hand_.draw(600)));
+    if (hand_.draw(2) == 0) {
+        useMenu();
+    } else {
+        hand_.pressAt(static_cast<float>(hand_.draw(800)), static_cast<float>(hand_.draw(600)));
+    }
     return true;
 }
 
