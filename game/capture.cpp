@@ -63,18 +63,21 @@ bool named(const std::string& mask, int position) {
     return mask[static_cast<std::size_t>(position - 1)] != '0';
 }
 
-int maskSum(const Game& g, const std::string& mask) {
+using Digits = Array<int, mostCandidates>;
+
+int maskSum(const Digits& digits, int candidates, const std::string& mask) {
     int sum = 0;
-    for (int p = 1; p <= g.numeroPresa; ++p)
-        if (named(mask, p)) sum += g.presa(p) % 10;
+    for (int p = 1; p <= candidates; ++p) sum += named(mask, p) ? digits(p) : 0;
     return sum;
 }
 
 /// The lowest mask whose cards add up to the played card, 0 if there is none.
 int findMask(const Game& g) {
+    Digits digits;
+    for (int p = 1; p <= g.numeroPresa; ++p) digits(p) = g.presa(p) % 10;
     const int last = (1 << g.numeroPresa) - 1;
     for (int k = 1; k <= last; ++k)
-        if (maskSum(g, g.maschere(k)) == g.valoreGiocato) return k;
+        if (maskSum(digits, g.numeroPresa, g.maschere(k)) == g.valoreGiocato) return k;
     return 0;
 }
 

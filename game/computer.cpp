@@ -5,6 +5,7 @@
 
 #include "game/capture.h"
 #include "game/cards.h"
+#include "platform/chance.h"
 #include "table/ace_sweep.h"
 #include "table/motion.h"
 #include "table/painting.h"

@@ -4,6 +4,7 @@
 #include "game/deal.h"
 
 #include "game/cards.h"
+#include "platform/chance.h"
 #include "table/painting.h"
 #include "table/wipe.h"
 

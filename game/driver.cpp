@@ -11,6 +11,7 @@
 #include "game/deal.h"
 #include "game/human.h"
 #include "game/scoring.h"
+#include "platform/chance.h"
 #include "preferences/settings.h"
 #include "preferences/sound.h"
 #include "table/motion.h"

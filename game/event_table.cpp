@@ -77,8 +77,9 @@ std::span<const Handler> eventTable() {
 }
 
 Game::Game(Backend& b) : Runtime(b, eventTable()) {
-    designTable(*this);
-    designScore(*this);
+    designTable(*this, b);
+    designScore(*this, b);
+    timers = {&Timer1, &Timer2};
 }
 
 void runProgram(Game& g) {

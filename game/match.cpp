@@ -27,7 +27,7 @@ bool matchOver(const Game& g) {
 }  // namespace
 
 void Form_Load(Game& g) {
-    designScore(g);
+    designScore(g, g.backend);
     g.frmscore.WindowState = maximised;
     Form_Resize(g);
 }

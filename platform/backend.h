@@ -7,8 +7,11 @@
 #include <memory>
 #include <string>
 
-#include "platform/form.h"
+#include "platform/controls.h"
 #include "platform/player.h"
+
+struct Form;
+struct Painted;
 
 /// What a window system and a machine give the game. There is one for tests and the simulator
 /// (platform/headless) and one for the desktop (platform/qt); everything else is shared.

@@ -3,19 +3,7 @@
 
 #pragma once
 
-#include <cstdint>
-#include <vector>
-
 struct Runtime;
-
-/// The random generator of one game. It runs the same on every machine.
-struct Chance {
-    std::uint64_t state = 0;
-    std::uint64_t seedings =
-        0;  ///< mixed into each seed: a clock that stands still repeats nothing
-    /// Draws laid ready, last one first; they are given out before any others.
-    std::vector<float> prepared;
-};
 
 /// Seeds the generator from the clock.
 void rtcRandomize(Runtime&);

@@ -7,6 +7,7 @@
 #include <cassert>
 
 #include "platform/backend.h"
+#include "platform/form.h"
 
 namespace {
 
@@ -14,11 +15,10 @@ std::size_t slot(Source source, Verb verb) {
     return static_cast<std::size_t>(source) * verbs + static_cast<std::size_t>(verb);
 }
 
-double nextDue(const Runtime& runtime) {
-    double due = never;
+void findNextDue(Runtime& runtime) {
+    runtime.nextDue = never;
     for (const Timer* timer : runtime.timers)
-        if (timer->enabled) due = std::min(due, timer->due);
-    return due;
+        if (timer->enabled) runtime.nextDue = std::min(runtime.nextDue, timer->due);
 }
 
 void fireTimers(Runtime& runtime) {
@@ -29,6 +29,7 @@ void fireTimers(Runtime& runtime) {
         // Ticks that were missed while nothing pumped are not made up for.
         const double period = timer->interval / 1000.0;
         timer->due = std::max(timer->due + period, now);
+        findNextDue(runtime);
         deliver(runtime, {timer->source, Verb::Timer});
     }
 }
@@ -48,7 +49,7 @@ void deliverQueued(Runtime& runtime) {
 
 Runtime::Runtime(Backend& b, std::span<const Handler> table) : backend(b) {
     for (const Handler& row : table) {
-        assert(static_cast<int>(row.source) < mostSources);
+        assert(static_cast<std::size_t>(row.source) < mostSources);
         procedures[slot(row.source, row.verb)] = row.run;
     }
     queue.reserve(64);
@@ -64,8 +65,8 @@ double rtcGetTimer(Runtime& runtime) {
 
 void rtcDoEvents(Runtime& runtime, double until) {
     runtime.backend.present();
-    runtime.backend.wait(runtime.queue.empty() ? std::min(until, nextDue(runtime)) : atOnce);
-    fireTimers(runtime);
+    runtime.backend.wait(runtime.queue.empty() ? std::min(until, runtime.nextDue) : atOnce);
+    if (runtime.nextDue != never) fireTimers(runtime);
     if (!runtime.queue.empty()) deliverQueued(runtime);
 }
 
@@ -112,11 +113,13 @@ void ZOrder(Runtime& runtime, Control& control) {
 void Enabled(Runtime& runtime, Timer& timer, bool enabled) {
     if (enabled && !timer.enabled) timer.due = rtcGetTimer(runtime) + timer.interval / 1000.0;
     timer.enabled = enabled;
+    findNextDue(runtime);
 }
 
 void Interval(Runtime& runtime, Timer& timer, int milliseconds) {
     timer.interval = milliseconds;
     timer.due = rtcGetTimer(runtime) + milliseconds / 1000.0;
+    findNextDue(runtime);
 }
 
 void Load(Runtime& runtime, Form& form) {

@@ -4,12 +4,12 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <span>
 #include <vector>
 
-#include "platform/chance.h"
 #include "platform/controls.h"
 
 class Backend;
@@ -29,7 +29,7 @@ enum class Verb : std::uint8_t {
     QueryUnload,
     Unload
 };
-inline constexpr int verbs = 11, mostSources = 40;
+inline constexpr std::size_t verbs = 11, mostSources = 40;
 
 struct Event {
     Source source{};
@@ -53,6 +53,20 @@ struct Timer {
     double due = 0;    ///< by the clock, while enabled
 };
 
+/// The random generator of one game. It runs the same on every machine.
+struct Chance {
+    std::uint64_t state = 0;
+    /// Mixed into each seed: a clock that stands still repeats nothing.
+    std::uint64_t seedings = 0;
+    /// Draws laid ready, last one first; they are given out before any others.
+    std::vector<float> prepared;
+};
+
+/// For a wait that only an event or a timer ends.
+inline constexpr double never = std::numeric_limits<double>::infinity();
+/// For a plain yield.
+inline constexpr double atOnce = 0;
+
 /// Thrown by a procedure that ends the program. It unwinds whatever is in play, up to `run`.
 struct EndProgram {};
 
@@ -66,16 +80,12 @@ struct Runtime {
     Chance chance;
     std::vector<Event> queue;  ///< what has happened and has not been delivered
     std::vector<Timer*> timers;
+    double nextDue = never;          ///< of the enabled timers
     std::vector<Form*> activations;  ///< shown, and not yet activated
     Form* front = nullptr;           ///< the form shown last
     unsigned raised = 0;             ///< the last stamp given by ZOrder
     std::array<decltype(Handler::run), mostSources * verbs> procedures{};
 };
-
-/// For a wait that only an event or a timer ends.
-inline constexpr double never = std::numeric_limits<double>::infinity();
-/// For a plain yield.
-inline constexpr double atOnce = 0;
 
 /// Shows what has been painted, sleeps until there is an event or the clock reads `until`, and
 /// runs the procedures of the timers that are due and of the events that are queued. Returns

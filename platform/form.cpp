@@ -12,13 +12,12 @@ namespace {
 
 constexpr float outlineThickness = 2;
 
-void paint(Form& form, const Painted& entry) {
-    form.surface.add(entry);
-    form.backend->painted(form, entry);
+void paint(Form& form, Box box, Picture picture, Colour colour) {
+    form.backend->painted(form, form.surface.add(box, picture, colour));
 }
 
-void fill(Form& form, const Box& box, Colour colour) {
-    paint(form, {box, box, picture::none, colour});
+void fill(Form& form, Box box, Colour colour) {
+    paint(form, box, picture::none, colour);
 }
 
 void outline(Form& form, const Box& box, Colour colour) {
@@ -33,8 +32,7 @@ void outline(Form& form, const Box& box, Colour colour) {
 }  // namespace
 
 void PaintPicture(Form& form, Picture picture, float x, float y, float width, float height) {
-    const Box box{x, y, x + width, y + height};
-    paint(form, {box, box, picture, 0});
+    paint(form, {x, y, x + width, y + height}, picture, 0);
 }
 
 void Line(Form& form, float x1, float y1, float x2, float y2, Colour colour, LineStyle style) {

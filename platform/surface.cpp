@@ -8,10 +8,6 @@
 
 namespace {
 
-/// How many of the newest entries a new one is compared with. A step of a slide and a step of the
-/// wipe both look alike to their last two steps, which are at most four entries back.
-constexpr std::size_t reach = 4;
-
 bool contains(const Box& outer, const Box& inner) {
     return outer.left <= inner.left && outer.top <= inner.top && outer.right >= inner.right &&
            outer.bottom >= inner.bottom;
@@ -19,14 +15,6 @@ bool contains(const Box& outer, const Box& inner) {
 
 bool overlap(const Box& a, const Box& b) {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
-}
-
-/// Takes off the upper or lower end of what is seen of a picture, where the new box hides it over
-/// its whole width.
-void trim(Box& seen, const Box& hiding) {
-    if (hiding.left > seen.left || hiding.right < seen.right) return;
-    if (hiding.top <= seen.top && hiding.bottom > seen.top) seen.top = hiding.bottom;
-    if (hiding.bottom >= seen.bottom && hiding.top < seen.bottom) seen.bottom = hiding.top;
 }
 
 /// The two boxes together are one box.
@@ -42,6 +30,24 @@ bool sameFill(const Painted& a, const Painted& b) {
 Box hull(const Box& a, const Box& b) {
     return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
             std::max(a.bottom, b.bottom)};
+}
+
+float area(const Box& box) {
+    return (box.right - box.left) * (box.bottom - box.top);
+}
+
+/// A box that the two hide together, though not always the largest: it grows upwards and
+/// downwards, as the trail of a sliding card does.
+Box hiddenByBoth(const Box& hidden, const Box& added) {
+    const bool touch = hidden.top <= added.bottom && added.top <= hidden.bottom;
+    if (touch && added.left <= hidden.left && added.right >= hidden.right)
+        return {hidden.left, std::min(hidden.top, added.top), hidden.right,
+                std::max(hidden.bottom, added.bottom)};
+    if (area(hidden) > area(added)) return hidden;
+    if (touch && hidden.left <= added.left && hidden.right >= added.right)
+        return {added.left, std::min(hidden.top, added.top), added.right,
+                std::max(hidden.bottom, added.bottom)};
+    return added;
 }
 
 int edge(float units, double pixels) {
@@ -65,62 +71,57 @@ PixelBox pictureToPixels(const Box& box, const PixelGrid& grid) {
             place.top + size(box.bottom - box.top, grid.y)};
 }
 
-bool Surface::continueFill(const Painted& added) {
-    if (added.picture != picture::none || list.empty()) return false;
-    Painted& newest = list.back();
-    const bool same = sameFill(newest, added);
-    if (same && joins(newest.visible, added.box)) {
-        newest.box = newest.visible = hull(newest.visible, added.box);
-        return true;
-    }
-    if (list.size() < 2) return false;
-    Painted& below = list[list.size() - 2];
-    if (!sameFill(below, added) || !joins(below.visible, added.box)) return false;
-    // The box comes to lie below the newest entry, which must not hide a part of it then.
-    if (!same && overlap(newest.visible, added.box)) return false;
-    below.box = below.visible = hull(below.visible, added.box);
-    return true;
-}
-
-void Surface::add(const Painted& added) {
-    if (continueFill(added)) return;
-    const std::size_t lowest = list.size() > reach ? list.size() - reach : 0;
-    for (std::size_t i = list.size(); i > lowest; --i) {
-        Painted& below = list[i - 1];
-        if (!overlap(added.visible, below.visible)) continue;
-        if (contains(added.visible, below.visible)) {
-            list.erase(list.begin() + static_cast<std::ptrdiff_t>(i - 1));
+void Surface::settle() const {
+    // From the newest down to the oldest. The kept ones gather at the end.
+    Painted* kept = end_;
+    Box hidden;  // by the kept ones
+    for (const Painted* next = end_; next != fresh_.begin();) {
+        const Painted& entry = *--next;
+        const Box& box = entry.box;
+        if (contains(hidden, box)) continue;
+        hidden = hiddenByBoth(hidden, box);
+        if (kept != end_ && sameFill(*kept, entry) && joins(kept->box, box)) {
+            kept->box = hull(kept->box, box);
+        } else if (end_ - kept >= 2 && sameFill(kept[1], entry) && joins(kept[1].box, box) &&
+                   (sameFill(*kept, entry) || !overlap(kept->box, box))) {
+            // It comes to lie above the one between, of which it hides nothing.
+            kept[1].box = hull(kept[1].box, box);
         } else {
-            trim(below.visible, added.visible);
+            *--kept = entry;
         }
     }
-    // What was hidden wholly is gone now, so a fill may find its like below the newest entry.
-    if (continueFill(added)) return;
-    list.push_back(added);
-    if (list.size() >= tidyAt_) tidy();
+    settled_.insert(settled_.end(), kept, end_);
+    end_ = fresh_.begin();
+    if (settled_.size() >= tidyAt_) tidy();
 }
 
-void Surface::tidy() {
-    std::size_t kept = list.size();
-    for (std::size_t i = list.size(); i > 0; --i) {
-        const Painted entry = list[i - 1];
-        const bool hidden = std::any_of(
-            list.begin() + static_cast<std::ptrdiff_t>(kept), list.end(),
-            [&](const Painted& above) { return contains(above.visible, entry.visible); });
-        if (!hidden) list[--kept] = entry;
+void Surface::tidy() const {
+    auto kept = settled_.end();
+    for (auto next = kept; next != settled_.begin();) {
+        const Painted entry = *--next;
+        const bool hidden = std::any_of(kept, settled_.end(), [&](const Painted& above) {
+            return contains(above.box, entry.box);
+        });
+        if (!hidden) *--kept = entry;
     }
-    list.erase(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(kept));
-    tidyAt_ = std::max<std::size_t>(512, 2 * list.size());
+    settled_.erase(settled_.begin(), kept);
+    tidyAt_ = std::max(firstTidy, 2 * settled_.size());
 }
 
-void Surface::clear() {
-    list.clear();
+const std::vector<Painted>& Surface::tidied() const {
+    settle();
+    tidy();
+    return settled_;
 }
 
 const Painted* Surface::at(float x, float y) const {
-    for (auto entry = list.rbegin(); entry != list.rend(); ++entry) {
-        const Box& box = entry->visible;
-        if (x >= box.left && x < box.right && y >= box.top && y < box.bottom) return &*entry;
+    settle();
+    for (auto entry = settled_.rbegin(); entry != settled_.rend(); ++entry) {
+        const Box& box = entry->box;
+        // Without short cuts: hardly any entry is the one, but each test alone is hard to foresee.
+        const bool across = (x >= box.left) & (x < box.right);
+        const bool down = (y >= box.top) & (y < box.bottom);
+        if (across & down) return &*entry;
     }
     return nullptr;
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "platform/controls.h"
@@ -34,30 +35,47 @@ PixelBox pictureToPixels(const Box&, const PixelGrid&);
 
 /// One thing painted. Everything painted is opaque: it hides what lies below it.
 struct Painted {
-    Box box;                          ///< where it was painted
-    Box visible;                      ///< the part that later paint has not hidden, or more
+    Box box;
     Picture picture = picture::none;  ///< none: a box filled with colour
     Colour colour = 0;
 };
 
-/// What has been painted since the surface was last cleared, lowest first.
+/// What has been painted since the surface was last cleared. It is written down as it comes and
+/// sorted out when somebody looks: most of it, a wipe's 1602 lines above all, is painted over or
+/// cleared before.
 struct Surface {
-    Colour backColor = 0;
-    std::vector<Painted> list;
+    Surface() = default;
+    Surface(const Surface&) = delete;
+    Surface& operator=(const Surface&) = delete;
 
-    /// Adds an entry on top and drops or trims what it hides among the newest ones, so that a card
-    /// that slides leaves no trail of entries.
-    void add(const Painted&);
-    /// Drops every entry that one later entry hides. The picture stays the same.
-    void tidy();
-    void clear();
-    /// The topmost entry at a point; nullptr where there is none.
+    Colour backColor = 0;
+
+    /// Puts an entry on top; it stands until the next change. The entry is made in its place: to
+    /// copy it there costs three times as much as all the rest of painting a line.
+    const Painted& add(Box box, Picture picture, Colour colour) {
+        if (end_ == fresh_.end()) settle();
+        return *end_++ = {box, picture, colour};
+    }
+    void clear() {
+        end_ = fresh_.begin();
+        settled_.clear();
+    }
+    /// Everything that one later entry does not hide, lowest first. Stands until the next change.
+    const std::vector<Painted>& tidied() const;
+    /// The topmost entry at a point; nullptr where there is none. Stands until the next change.
     const Painted* at(float x, float y) const;
 
 private:
-    /// Lets one of the two newest entries grow by a box of its colour beside it. Each of the wipe's
-    /// 1602 lines is added this way.
-    bool continueFill(const Painted&);
+    static constexpr std::size_t mostFresh = 4096, firstTidy = 512;
 
-    std::size_t tidyAt_ = 512;
+    /// Drops and joins what has come since the last time, so that a wipe ends as two entries and a
+    /// card that slides leaves no trail.
+    void settle() const;
+    void tidy() const;
+
+    // Sorting out changes none of what is seen.
+    mutable std::vector<Painted> settled_;          ///< lowest first
+    mutable std::array<Painted, mostFresh> fresh_;  ///< above those
+    mutable Painted* end_ = fresh_.begin();         ///< of the fresh ones in use
+    mutable std::size_t tidyAt_ = firstTidy;
 };

@@ -3,7 +3,6 @@
 
 #include "table/forms.h"
 
-#include "game/state.h"
 #include "preferences/panel_texts.h"
 
 namespace {
@@ -32,7 +31,7 @@ void putImage(Form& form, Image& image, Source source, int index, Picture pictur
     setSize(image, twipsAcross, twipsDown);
 }
 
-void designCards(Game& g) {
+void designCards(TableForm& g) {
     Form& form = g.frmscopa;
     for (int id = 0; id <= 40; ++id)
         putImage(form, g.carta(id), Source::carta, id, picture::face(id), 1200, 2232);
@@ -40,7 +39,7 @@ void designCards(Game& g) {
     putImage(form, g.Mazzo, Source::Mazzo, 0, picture::back, 1152, 1836);
 }
 
-void designPictures(Game& g) {
+void designPictures(TableForm& g) {
     Form& form = g.frmscopa;
     for (int i = 1; i <= 10; ++i)
         putImage(form, g.Gorilla(i), Source::Gorilla, i, picture::gorilla(i), 1260, 1704);
@@ -54,7 +53,7 @@ void designPictures(Game& g) {
     putImage(form, g.Picture4, Source::Picture4, 0, picture::title, 8796, 1548);
 }
 
-void designChoice(Game& g) {
+void designChoice(TableForm& g) {
     constexpr const char* captions[] = {"Single Game", "11 points Game", "21 points Game"};
     for (int i = 0; i <= 2; ++i) {
         OptionButton& option = g.Option1(i);
@@ -70,7 +69,7 @@ void designChoice(Game& g) {
     g.GO.Caption = "GO";
 }
 
-void designPanel(Game& g, TextBox& panel, Source source, const char* name, std::string text) {
+void designPanel(TableForm& g, TextBox& panel, Source source, const char* name, std::string text) {
     put(g.frmscopa, panel, Kind::text, source);
     fixSize(panel, 4320, 2904);
     panel.BackColor = paleYellow;
@@ -79,7 +78,7 @@ void designPanel(Game& g, TextBox& panel, Source source, const char* name, std::
     panel.scrollBar = true;
 }
 
-void designPanels(Game& g) {
+void designPanels(TableForm& g) {
     designPanel(g, g.Text1, Source::Text1, "Game rules", panelText::english());
     designPanel(g, g.Text3, Source::Text3, "Regole del gioco", panelText::italian());
     designPanel(g, g.Text4, Source::Text4, "Information", panelText::information());
@@ -109,7 +108,7 @@ void putChoices(Form& form, Array<MenuEntry, Last>& entries, Source source, int 
     }
 }
 
-void designMenu(Game& g) {
+void designMenu(TableForm& g) {
     Form& form = g.frmscopa;
     putInBar(form, g.play_rate, Source::play_rate, "&Play rate", true);
     putChoices(form, g.velocità_gioco, Source::velocità_gioco, 1, {"", "Low", "Middle", "High"});
@@ -124,12 +123,11 @@ void designMenu(Game& g) {
     putInBar(form, g.esci, Source::esci, "&QUIT", false);
 }
 
-void designDevices(Game& g) {
+void designDevices(TableForm& g) {
     g.Timer1.source = Source::Timer1;
     g.Timer1.interval = 80;
     g.Timer2.source = Source::Timer2;
     g.Timer2.interval = 120;
-    g.timers = {&g.Timer1, &g.Timer2};
     g.MMC1.source = Source::MMC1;
     g.MMC1.deviceType = DeviceType::Sequencer;
     g.MMC1.FileName = "scopa.mid";
@@ -145,9 +143,9 @@ void designLabel(Form& form, Label& label, Source source, int index, float fontS
 
 }  // namespace
 
-void designTable(Game& g) {
+void designTable(TableForm& g, Backend& backend) {
     Form& form = g.frmscopa;
-    form.backend = &g.backend;
+    form.backend = &backend;
     form.source = Source::frmscopa;
     form.Caption = "Corvalia - Velarda";
     BackColor(form, pureBlue);
@@ -159,9 +157,9 @@ void designTable(Game& g) {
     designDevices(g);
 }
 
-void designScore(Game& g) {
+void designScore(ScoreForm& g, Backend& backend) {
     Form& form = g.frmscore;
-    form.backend = &g.backend;
+    form.backend = &backend;
     form.source = Source::frmscore;
     form.Caption = "Corvalia - Scopa";
     BackColor(form, 0x0080FF);

@@ -13,7 +13,7 @@
 #include "platform/form.h"
 #include "platform/media.h"
 
-struct Game;
+class Backend;
 
 inline constexpr Colour tableColour = 0x7000;
 inline constexpr Colour pureBlue = 0xFF0000;
@@ -65,10 +65,10 @@ struct ScoreForm {
 };
 
 /// Gives the table's controls their design values and puts them on the form.
-void designTable(Game&);
+void designTable(TableForm&, Backend&);
 
 /// The same for the score sheet. Called at each load: labels loaded at run time are gone then.
-void designScore(Game&);
+void designScore(ScoreForm&, Backend&);
 
 /// Loads a label of the array as a hidden copy of element 0; an index in use stays as it is.
 void loadLabel(Form&, LabelArray&, int index);

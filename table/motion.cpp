@@ -4,6 +4,7 @@
 #include "table/motion.h"
 
 #include "game/cards.h"
+#include "platform/chance.h"
 #include "table/painting.h"
 
 namespace frmscopa {

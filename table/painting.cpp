@@ -4,6 +4,7 @@
 #include "table/painting.h"
 
 #include "game/cards.h"
+#include "platform/chance.h"
 
 namespace {
 
@@ -65,7 +66,7 @@ void erase(Game& g, float x1, float y1, float x2, float y2) {
 }
 
 bool marked(const Game& g, int id) {
-    return g.carta(id).Tag == "SEL";
+    return std::string_view(g.carta(id).Tag) == "SEL";
 }
 
 void mark(Game& g, int id) {

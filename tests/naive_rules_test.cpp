@@ -143,7 +143,7 @@ public:
     }
     void shuffleRest() { mix(pack_); }
     Cards draw(std::size_t n) {
-        const Cards drawn(pack_.end() - static_cast<long>(n), pack_.end());
+        Cards drawn(pack_.end() - static_cast<long>(n), pack_.end());
         pack_.resize(pack_.size() - n);
         return drawn;
     }
@@ -201,7 +201,7 @@ TEST(NaiveRules, TheComputerPlaysByThem) {
 /// The places of a legal set half of the time, else any; some are pressed twice more.
 std::vector<int> drawPresses(Dealer& dealer, const Cards& table, const std::vector<Cards>& legal) {
     const bool aiming = dealer.below(2) == 0;
-    const Cards aim = legal[dealer.below(legal.size())];
+    const Cards& aim = legal[dealer.below(legal.size())];
     std::vector<int> places;
     for (int p = 1; p <= 12; ++p) {
         const int id = table[static_cast<std::size_t>(p - 1)];

@@ -28,7 +28,7 @@ TEST(Opening, ShowsTheTitleForTenSecondsByTheRateAndThenThePanel) {
                 EXPECT_EQ(one->Visible, one == &p.g.Picture4);
             p.menu(p.g.velocità_gioco(3));
         });
-        p.then(&Play::choosing, [&] {
+        p.then(&Play::choosing, [&, seconds = seconds] {
             EXPECT_NEAR(p.now(), seconds, 1e-6) << "the wait under way keeps its length";
             expectPlace(p.g.Gorilla(10), 300, 327.48f);
             EXPECT_EQ(p.g.Option1(1).Caption, "11 points Game");
@@ -125,13 +125,13 @@ const std::map<std::string, Event> ways{
 TEST(Ending, WorksInEveryWait) {
     for (const auto& [wait, when] : waits)
         for (const auto& [way, event] : ways) {
-            SCOPED_TRACE(way + " in the wait: " + wait);
+            SCOPED_TRACE(testing::Message() << way << " in the wait: " << wait);
             Play p;
             p.backend.frameSeconds = aFrame;
             double left = -1;
             p.look = [&] { EXPECT_EQ(left, -1) << "the program goes on"; };
             p.watch = [&](Moment) { EXPECT_EQ(left, -1) << "the move is not finished"; };
-            p.then(when, [&] {
+            p.then(when, [&, event = event] {
                 p.g.queue.push_back(event);
                 p.menu(p.g.velocità_gioco(3));  // comes too late
                 left = p.now();

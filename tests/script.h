@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <map>
+#include <utility>
 #include <vector>
 
 #include "game/event_table.h"
@@ -39,7 +40,9 @@ public:
     std::function<void(Moment)> watch = [](Moment) {};
 
     /// Does `what` in the first wait from here on in which `when` holds.
-    void then(When when, What what = nothing) { steps_.emplace_back(when, what); }
+    void then(When when, What what = nothing) {
+        steps_.emplace_back(std::move(when), std::move(what));
+    }
     void run();                ///< the program; fails the test where a step was never reached
     void runHands(int hands);  ///< the same, to the score sheet of so many hands
 

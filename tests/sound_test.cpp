@@ -97,7 +97,7 @@ struct Counted : SdlPlayer {
 /// A folder of its own for each test; the device writes to a file in it while it is open.
 class Sound : public testing::Test {
     void SetUp() override {
-        if (findSoundFont(nullptr).isEmpty()) GTEST_SKIP() << "no sound font is installed";
+        if (findSoundFont("").isEmpty()) GTEST_SKIP() << "no sound font is installed";
         QDir::setCurrent(folder_.path());
         put("carta.wav", click(100));
         put("long.wav", click(300));

@@ -26,7 +26,7 @@ std::string names(const Cards&);
 
 /// A press on the table surface.
 struct Press {
-    float x, y;
+    float x = 0, y = 0;
     int button = 1;
 };
 

@@ -9,6 +9,7 @@
 #include <random>
 
 #include "platform/events.h"
+#include "platform/form.h"
 #include "platform/headless/headless.h"
 
 namespace {
@@ -56,7 +57,7 @@ void paint(Form& form, Random& random) {
     if (kind >= 8 && kind < 14) Line(form, x, y, x + w - 1, y + h - 1, colour, LineStyle::BF);
     if (kind == 14) Line(form, x + w, y, x, y, colour);
     if (kind == 15) Line(form, x, y, x + w, y + h, colour, LineStyle::B);
-    if (kind == 16) form.surface.tidy();
+    if (kind == 16) form.surface.tidied();
     if (kind == 17) BackColor(form, colour);
     for (float top = y; kind > 17 && top < y + 9; top += 2) {  // a slide
         PaintPicture(form, picture, x, top + 1, w, h);
@@ -83,11 +84,11 @@ TEST(Surface, StaysSmall) {
         Line(sheet.form, x, 0, x, 301, 0x5);
         Line(sheet.form, 800 - x, 600, 800 - x, 300, 0x5);
     }
-    EXPECT_LT(sheet.form.surface.list.size(), 10u) << "a slide and a wipe leave no trail";
+    EXPECT_LT(sheet.form.surface.tidied().size(), 10u) << "a slide and a wipe leave no trail";
     Random random;
     for (int i = 0; i < 2500; ++i)
         PaintPicture(sheet.form, 1, random.unit(14), random.unit(14), 2.5f, 3);
-    EXPECT_LT(sheet.form.surface.list.size(), 600u) << "it tidies itself up";
+    EXPECT_LT(sheet.form.surface.tidied().size(), 600u) << "it tidies itself up";
     Line(sheet.form, 10, 10, 20, 20, 0x99, LineStyle::B);
     EXPECT_EQ(Point(sheet.form, 20.9f, 11.9f), 0x99) << "the ends are included";
     EXPECT_NE(Point(sheet.form, 12.1f, 18.9f), 0x99) << "an outline is two units thick";

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "game/event_table.h"
+#include "platform/chance.h"
 #include "tests/support.h"
 #include "tools/monkey.h"
 #include "tools/recorder.h"

@@ -20,8 +20,8 @@ namespace {
 void playHands(int hands, bool watched) {
     struct Watcher {
         Recorder recorder{false};
-        int left;
-        bool watched;
+        int left = 0;
+        bool watched = false;
     } watcher{.left = hands, .watched = watched};
     Headless backend(1);
     Game g(backend);
@@ -42,7 +42,7 @@ void playHands(int hands, bool watched) {
 
 void Hand(benchmark::State& state) {
     constexpr int hands = 500;
-    for (auto _ : state) playHands(hands, state.range(0) != 0);
+    for ([[maybe_unused]] auto _ : state) playHands(hands, state.range(0) != 0);
     state.counters["hands"] = benchmark::Counter(static_cast<double>(state.iterations() * hands),
                                                  benchmark::Counter::kIsRate);
 }
@@ -58,7 +58,7 @@ void CombinaAtItsWorst(benchmark::State& state) {
         g.tavolo(tableOrder[i].row, tableOrder[i].column) = evens[i];
     g.giocatore = human;
     g.cartaGiocata = g.valoreGiocato = 9;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         frmscopa::combina(g);
         benchmark::DoNotOptimize(g.presaOk);
     }
@@ -68,7 +68,7 @@ BENCHMARK(CombinaAtItsWorst);
 void Wipe(benchmark::State& state) {
     Headless backend;
     Game g(backend);
-    for (auto _ : state) modScopa::sipario(g, g.frmscopa, tableColour);
+    for ([[maybe_unused]] auto _ : state) modScopa::sipario(g, g.frmscopa, tableColour);
 }
 BENCHMARK(Wipe);
 
@@ -78,13 +78,13 @@ void SlidePaint(benchmark::State& state) {
     Game g(backend);
     g.larghezzaCarta = 62.2f;
     g.altezzaCarta = 108.3f;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const auto top = 245 - static_cast<float>(state.range(0)) * 0.3f * g.altezzaCarta;
         for (float y = top; y < 245; y += 2) {
             paintAtCardSize(g, 7, 578, y + 1);
             erase(g, 578, y - 3, 578 + g.larghezzaCarta, y);
         }
-        benchmark::DoNotOptimize(g.frmscopa.surface.list.size());
+        benchmark::DoNotOptimize(g.frmscopa.surface.at(600, 250));
         g.frmscopa.surface.clear();
     }
 }

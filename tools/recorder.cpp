@@ -8,6 +8,7 @@
 
 #include "game/cards.h"
 #include "game/scoring.h"
+#include "platform/chance.h"
 #include "table/forms.h"
 
 namespace {
@@ -18,13 +19,14 @@ std::uint64_t bit(int id) {
     return id == 0 ? 0 : std::uint64_t{1} << id;
 }
 
-void require(bool holds, const char* what) {
-    if (!holds) throw InvariantBroken(what);
+inline void require(bool holds, const char* what) {
+    if (!holds) [[unlikely]]
+        throw InvariantBroken(what);
 }
 
 void append(std::string& text, int number) {
     char digits[16];
-    const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
     text.append(digits, end);
 }
 

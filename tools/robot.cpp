@@ -3,6 +3,8 @@
 
 #include "tools/robot.h"
 
+#include <cassert>
+
 #include "game/cards.h"
 #include "table/painting.h"
 
@@ -42,6 +44,7 @@ void eachLegalSelection(const Game& g, const Found& found) {
 }  // namespace
 
 int Robot::draw(int n) {
+    assert(n > 0);
     // A xorshift generator is quick and good enough to choose cards; 0 is its only dead state.
     if (state_ == 0) state_ = 0x9e3779b97f4a7c15u;
     state_ ^= state_ << 13;
@@ -68,11 +71,14 @@ bool Robot::holds(int slot) const {
 }
 
 void Robot::playHandCard() {
+    if (g_.mosseGiocate <= 1) played_ = 0;  // the first of the deal, its leader may have moved
     Array<int, 2> held;
     int count = 0;
     for (int slot = 1; slot <= 3; ++slot)
-        if (holds(slot)) held(count++) = slot;
-    pressHand(held(draw(count)));
+        if ((played_ >> slot & 1) == 0) held(count++) = slot;
+    const int slot = held(draw(count));
+    played_ |= 1 << slot;
+    pressHand(slot);
 }
 
 /// Each of n selections has the chance 1 / n: the k-th takes the place of the last with 1 / k.

@@ -34,6 +34,7 @@ private:
     void playHandCard();
     void select();
 
+    int played_ = 0;  ///< the slots played since the last deal, a bit each
     Game& g_;
     std::uint64_t state_;
 };

@@ -101,7 +101,8 @@ int main(int argc, char** argv) {
         std::fputs("usage: velarda-screenshots FOLDER [WIDTH HEIGHT]\n", stderr);
         return 2;
     }
-    const QSize size = argc == 4 ? QSize(std::atoi(argv[2]), std::atoi(argv[3])) : QSize(1280, 960);
+    const QSize size = argc == 4 ? QSize(QByteArray(argv[2]).toInt(), QByteArray(argv[3]).toInt())
+                                 : QSize(1280, 960);
     if (size.isEmpty() || size.width() > 16384 || size.height() > 16384) {
         std::fputs("velarda-screenshots: the size must be between 1 and 16384 pixels\n", stderr);
         return 2;

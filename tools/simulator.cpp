@@ -122,7 +122,11 @@ public:
         game_.watch = [](Game&, Moment moment, void* self) {
             static_cast<Simulation*>(self)->see(moment);
         };
-        backend_.time.user = [this](double until) { return act(until); };
+        backend_.time.user = [this](double until) {
+            // Nearly always: the game moves and the player looks on.
+            if (until != never && !options_.monkey && !game_.GO.Visible) return false;
+            return act(until);
+        };
     }
 
     void run() {
@@ -139,9 +143,8 @@ private:
         if (moment == Moment::scored && recorder_.scored == options_.hands) throw EndProgram{};
     }
 
-    bool act(double until) {
+    [[gnu::noinline]] bool act(double until) {
         if (options_.monkey && monkey_.tease(until)) return true;
-        if (until != never && !game_.GO.Visible) return false;
         if (game_.GO.Visible) {
             robot_.tipoPartita = recorder_.match++ % 3;
             prepareDeck();

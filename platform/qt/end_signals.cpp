@@ -12,7 +12,9 @@ namespace {
 
 constexpr int endings[] = {SIGINT, SIGTERM, SIGHUP};
 
-int ends[2] = {-1, -1};  // the signal handler can reach nothing but a global
+// The signal handler can reach nothing but a global.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
+int ends[2] = {-1, -1};
 
 /// All that a handler may do safely: wake the event loop by a byte in a pipe.
 void onSignal(int) {

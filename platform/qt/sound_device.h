@@ -51,7 +51,7 @@ public:
 
 private:
     static int SDLCALL watch(void* device, SDL_Event*);
-    bool openMixer(const MixerLibrary&);
+    static bool openMixer(const MixerLibrary&);
     void readWave(const QString& path);
     void dropWave();
 

@@ -20,6 +20,7 @@ constexpr Time never = Time::max();
 
 /// The libraries have one state for the whole process: a worker that was left behind while it
 /// loaded something must be done with them before the next one begins.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 std::mutex librariesInUse;
 
 Time now() {

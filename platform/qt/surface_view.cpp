@@ -52,9 +52,8 @@ void SurfaceView::fitCanvas() {
 }
 
 void SurfaceView::redraw() {
-    form_.surface.tidy();
     canvas_.fill(toQt(form_.surface.backColor));
-    for (const Painted& entry : form_.surface.list) draw(entry);
+    for (const Painted& entry : form_.surface.tidied()) draw(entry);
     changed_ = rect();
 }
 
@@ -80,8 +79,6 @@ void SurfaceView::draw(const Painted& entry) {
     }
     const QRect box = toRect(pictureToPixels(entry.box, form_.grid));
     if (box.isEmpty()) return;
-    const PixelBox seen = toPixels(entry.visible, form_.grid);
-    painter.setClipRect(toRect(seen));
     painter.drawImage(box, pictures_.image(entry.picture, box.width(), box.height()));
 }
 
