@@ -38,7 +38,7 @@ struct Label : Control {
     std::string Caption;
     Colour ForeColor = 0, BackColor = 0;
     float FontSize = 8;  ///< points
-    bool bold = false;
+    bool bold = false, underlined = false;
 };
 
 struct Button : Control {

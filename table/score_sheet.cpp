@@ -64,6 +64,13 @@ void makeRoom(Game& g) {
         g.LBLdat(i).Caption = g.LBLdat(i + labelsPerHand).Caption;
 }
 
+/// The line tells the leader to those who see no red.
+void captionTotal(Label& label, int total, int other) {
+    label.underlined = total > other;
+    label.ForeColor = label.underlined ? leaderRed : darkRed;
+    label.Caption = text(total);
+}
+
 }  // namespace
 
 void layHeadings(Game& g) {
@@ -107,10 +114,8 @@ void placeTotals(Game& g) {
 }
 
 void captionTotals(Game& g) {
-    g.lblTot(0).ForeColor = g.totaleUmano > g.totaleComputer ? leaderRed : darkRed;
-    g.lblTot(1).ForeColor = g.totaleUmano < g.totaleComputer ? leaderRed : darkRed;
-    g.lblTot(0).Caption = text(g.totaleUmano);
-    g.lblTot(1).Caption = text(g.totaleComputer);
+    captionTotal(g.lblTot(0), g.totaleUmano, g.totaleComputer);
+    captionTotal(g.lblTot(1), g.totaleComputer, g.totaleUmano);
 }
 
 void mostrasettanta(Game& g) {

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <cmath>
 #include <random>
+#include <thread>
 
 #include "platform/events.h"
 #include "platform/qt/sdl_player.h"
@@ -18,6 +19,9 @@
 namespace {
 
 constexpr double longestSleep = 3600;  ///< seconds, well inside what a timer holds
+/// A timer counts whole milliseconds. What is left of a frame is slept out, or each would last up
+/// to a millisecond too long.
+constexpr double shortestAlarm = 0.001;
 
 }  // namespace
 
@@ -53,9 +57,13 @@ void Desktop::wait(double until) {
     while (runtime_->queue.size() == before) {
         const double left = std::min(until - clock(), longestSleep);
         if (left <= 0) return;
+        if (left < shortestAlarm) {
+            std::this_thread::sleep_for(std::chrono::duration<double>(left));
+            return;
+        }
         if (!std::isinf(until)) {
             alarm.setTimerType(Qt::PreciseTimer);
-            alarm.start(static_cast<int>(std::ceil(left * 1000)));
+            alarm.start(static_cast<int>(left / shortestAlarm));
         }
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }

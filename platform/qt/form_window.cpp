@@ -7,6 +7,7 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <cmath>
 
 #include "platform/events.h"
@@ -26,6 +27,8 @@ FormWindow::FormWindow(Runtime& runtime, Form& form, PictureCache& pictures)
     : runtime_(runtime), form_(form), view_(new SurfaceView(runtime, form, pictures, this)) {
     setWindowTitle(QString::fromStdString(form.Caption));
     setMinimumSize(320, 240);
+    // For where a window is not maximised, or no longer.
+    resize(screen()->availableSize() * 3 / 4);
     buildMenu();
     takeControls();
 }

@@ -18,6 +18,9 @@ struct Runtime;
 class NativeControl {
 public:
     NativeControl(Runtime&, Form&, Control&, SurfaceView&);
+    ~NativeControl() { delete widget_; }
+    NativeControl(const NativeControl&) = delete;
+    NativeControl& operator=(const NativeControl&) = delete;
 
     /// Brings the widget up to the control's data.
     void present();
@@ -33,7 +36,7 @@ private:
     Form& form_;
     Control& control_;
     SurfaceView& view_;
-    QWidget* widget_ = nullptr;  ///< owned by the view
+    QWidget* widget_ = nullptr;  ///< a child of the view
     unsigned raised_ = 0;
 };
 

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -58,13 +59,13 @@ public:
 
 protected:
     /// Events of the text itself come here; the scroll bar keeps its own.
-    void mousePressEvent(QMouseEvent*) override {
-        runtime_.queue.push_back({source_, Verb::Click});
-    }
+    void mousePressEvent(QMouseEvent*) override { click(); }
     /// The keys scroll; a caret would only blink, and wake the program each time.
     void keyPressEvent(QKeyEvent* event) override {
         const auto action = scrolling(event->key());
-        if (action == QScrollBar::SliderNoAction) {
+        if (event->key() == Qt::Key_Escape) {
+            click();
+        } else if (action == QScrollBar::SliderNoAction) {
             event->ignore();
         } else {
             verticalScrollBar()->triggerAction(action);
@@ -75,8 +76,23 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent*) override {}
 
 private:
+    void click() { runtime_.queue.push_back({source_, Verb::Click}); }
+
     Runtime& runtime_;
     Source source_;
+};
+
+/// Draws the circle of an option button no higher than the button: on a small screen with large
+/// text it would be cut.
+class FittingCircle : public QProxyStyle {
+public:
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override {
+        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+        if (metric != PM_ExclusiveIndicatorWidth && metric != PM_ExclusiveIndicatorHeight)
+            return usual;
+        return widget ? std::min(usual, widget->height()) : usual;
+    }
 };
 
 void setColours(QRadioButton& button, const OptionButton& option) {
@@ -101,6 +117,9 @@ void NativeControl::make() {
     QAbstractButton* button = nullptr;
     if (control_.kind == Kind::option) {
         auto* radio = new QRadioButton(&view_);
+        auto* style = new FittingCircle;
+        style->setParent(radio);
+        radio->setStyle(style);
         setColours(*radio, static_cast<const OptionButton&>(control_));
         button = radio;
     } else {
@@ -114,11 +133,16 @@ void NativeControl::make() {
 }
 
 void NativeControl::place() {
-    const QRect place = view_.toWidget(pixelsOf(control_, form_.grid));
+    QRect place = view_.toWidget(pixelsOf(control_, form_.grid));
+    // Controls of one height in units shall have one height and letters of one size, wherever
+    // their edges are rounded to.
+    const double height = static_cast<double>(control_.Height) * form_.grid.y / form_.grid.fixed;
+    if (control_.kind != Kind::text)
+        place.setHeight(std::max(1, static_cast<int>(std::lround(height))));
     if (widget_->geometry() == place) return;
     widget_->setGeometry(place);
     if (control_.kind != Kind::text)
-        widget_->setFont(sansSerif(control_.kind == Kind::option ? 10 : 9, false, place.height()));
+        widget_->setFont(sansSerif(control_.kind == Kind::option ? 10 : 9, false, height));
 }
 
 void NativeControl::fillIn() {

@@ -6,7 +6,9 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
+#include <tuple>
 
 #include "platform/events.h"
 #include "platform/qt/picture_cache.h"
@@ -116,10 +118,27 @@ void SurfaceView::findChangedControls() {
     shown_ = std::move(now);
 }
 
+/// The name of the form, or what stands on its labels from top to bottom: drawn text is nothing to
+/// a reader of the screen.
+QString SurfaceView::spoken() const {
+    std::vector<const Label*> labels;
+    for (const Shown& shown : shown_)
+        if (shown.control->kind == Kind::label)
+            labels.push_back(static_cast<const Label*>(shown.control));
+    std::sort(labels.begin(), labels.end(), [](const Label* a, const Label* b) {
+        return std::tie(a->Top, a->Left) < std::tie(b->Top, b->Left);
+    });
+    QStringList words;
+    for (const Label* label : labels) words += QString::fromStdString(label->Caption).trimmed();
+    return words.isEmpty() ? QString::fromStdString(form_.Caption)
+                           : words.join(QStringLiteral(", "));
+}
+
 void SurfaceView::present() {
     if (canvas_.isNull() || !isVisible()) return;
     findChangedControls();
     if (changed_.isEmpty()) return;
+    if (const QString name = spoken(); name != accessibleName()) setAccessibleName(name);
     const QRegion region = changed_;
     changed_ = {};
     repaint(region);

@@ -32,6 +32,9 @@ protected:
     void resizeEvent(QResizeEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
     void mouseDoubleClickEvent(QMouseEvent*) override;
+    // It looks the same with the focus and without; a plain widget would paint itself anew.
+    void focusInEvent(QFocusEvent*) override {}
+    void focusOutEvent(QFocusEvent*) override {}
     bool event(QEvent*) override;
 
 private:
@@ -51,6 +54,7 @@ private:
     std::vector<Shown> drawnNow() const;
     void findChangedControls();
     void drawControl(QPainter&, const Shown&) const;
+    QString spoken() const;
 
     Runtime& runtime_;
     Form& form_;

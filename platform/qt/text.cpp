@@ -32,15 +32,36 @@ QFont sansSerif(float points, bool bold, double height) {
     return font;
 }
 
+namespace {
+
+/// Under the figures of a caption in the middle, not under the blank that leads them.
+void underline(QPainter& painter, const QRectF& place, const QString& caption) {
+    const QFontMetricsF metrics(painter.font());
+    const double figures = metrics.horizontalAdvance(caption.trimmed());
+    const double right = place.center().x() + metrics.horizontalAdvance(caption) / 2;
+    const double base = place.center().y() + (metrics.ascent() - metrics.descent()) / 2;
+    painter.fillRect(QRectF(right - figures, base + metrics.underlinePos(), figures,
+                            std::max(1.0, metrics.lineWidth())),
+                     painter.pen().color());
+}
+
+}  // namespace
+
 void drawLabel(QPainter& painter, const Label& label, const QRect& box, double ratio) {
     painter.fillRect(box, toQt(label.BackColor));
     painter.save();
     painter.translate(box.topLeft());
     painter.scale(ratio, ratio);
     const QRectF place(0, 0, box.width() / ratio, box.height() / ratio);
-    painter.setFont(sansSerif(label.FontSize, label.bold, place.height()));
+    const QString caption = QString::fromStdString(label.Caption);
+    QFont font = sansSerif(label.FontSize, label.bold, place.height());
+    // In a narrow window the labels beside it would cut off its ends.
+    const double wanted = QFontMetricsF(font).horizontalAdvance(caption);
+    if (wanted > place.width())
+        font.setPixelSize(std::max(1, static_cast<int>(font.pixelSize() * place.width() / wanted)));
+    painter.setFont(font);
     painter.setPen(toQt(label.ForeColor));
-    painter.drawText(place, Qt::AlignCenter | Qt::TextDontClip | Qt::TextSingleLine,
-                     QString::fromStdString(label.Caption));
+    painter.drawText(place, Qt::AlignCenter | Qt::TextDontClip | Qt::TextSingleLine, caption);
+    if (label.underlined) underline(painter, place, caption);
     painter.restore();
 }

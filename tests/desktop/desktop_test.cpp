@@ -3,11 +3,15 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 
 #include "platform/qt/settings_store.h"
 #include "tools/recorder.h"
@@ -108,6 +112,56 @@ TEST(Desktop, KeepsWhatIsInFrontOfTheSurfaceFromIt) {
     EXPECT_EQ(presses, 0);
 }
 
+TEST(Desktop, MovesToAScreenOfAnotherScaleInTheMiddleOfAHand) {
+    ScriptedDesktop desktop;
+    Game g(desktop);
+    desktop.attach(g);
+    FormWindow& window = desktop.window(g.frmscopa);
+    int presses = 0;
+    const auto move = [&](Game&) {
+        const QScreen* screen = QGuiApplication::screens().at(++presses / 3 % 2);
+        window.move(screen->geometry().topLeft());
+        desktop.present();
+        ASSERT_EQ(g.frmscopa.grid.fixed, screen->devicePixelRatio());
+        pressWithMouse(g, window.view());
+    };
+    EXPECT_EQ(transcript(desktop, g, move), headlessTranscript());
+}
+
+/// What a reader of the screen says of a window and of all that is seen in it.
+QString spoken(QAccessibleInterface* part) {
+    QString names = part->text(QAccessible::Name);
+    for (int i = 0; i < part->childCount(); ++i)
+        if (!part->child(i)->state().invisible) names += '/' + spoken(part->child(i));
+    return names;
+}
+
+TEST(Desktop, IsSpokenAndLedByKeys) {
+    ScriptedDesktop desktop;
+    Game g(desktop);
+    desktop.attach(g);
+    QStringList said;  // twice on the opening screen, then on two score sheets
+    const std::vector first{Qt::Key_Escape, Qt::Key_Return, Qt::Key_Return, Qt::Key_Tab};
+    desktop.time.user = [&, robot = Robot(g, 1)](double until) mutable {
+        if (g.front == &g.frmscopa && !g.GO.Visible) return robot.act(until);
+        if (said.isEmpty()) g.Text3.Visible = true;
+        FormWindow& window = desktop.window(*g.front);
+        window.takeControls();  // as whenever a form is shown
+        desktop.present();
+        for (const int key : {first.at(static_cast<std::size_t>(said.size())), Qt::Key_Return}) {
+            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+            QCoreApplication::sendEvent(window.focusWidget(), &event);
+        }
+        said += spoken(QAccessible::queryAccessibleInterface(&window));
+        return true;
+    };
+    runProgram(g);
+    EXPECT_TRUE(said.at(0).contains("/21 points Game/GO/Regole del gioco/"));
+    EXPECT_TRUE(said.at(1).endsWith("/GO//Play rate/Game rules/Music/Info/QUIT"));
+    EXPECT_TRUE(said.at(2).startsWith("Corvalia - Scopa/SCORE, Player, Computer, Carte, Denari"));
+    EXPECT_EQ(said.last().count("/QUIT"), 1);
+}
+
 class Settings : public testing::Test {
 protected:
     QTemporaryDir folder_;
@@ -156,6 +210,12 @@ TEST_F(Settings, StayWholeWhenTheyCannotBeWritten) {
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
+    QTemporaryFile screens;
+    screens.open();
+    screens.write(R"({"screens": [{"name": "usual", "width": 1280, "height": 1024, "dpr": 1},
+        {"name": "dense", "x": 1280, "width": 1280, "height": 1024, "dpr": 2}]})");
+    screens.close();
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens.fileName().toLocal8Bit());
     QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }
