@@ -6,15 +6,18 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <optional>
 #include <string_view>
 
 #include "platform/backend.h"
+#include "platform/chance.h"
 
 namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
+
+/// In percent. Beyond these a number would not come back whole from what the game divides it by.
+constexpr float leastScale = 1e-30f, mostScale = 1e30f;
 
 /// Takes the next field off the front: it ends at a comma, a blank or a line end.
 std::string_view takeField(std::string_view& rest) {
@@ -29,7 +32,7 @@ std::string_view takeField(std::string_view& rest) {
 
 std::optional<float> number(std::string_view field) {
     float value = 0;
-    const auto end = field.data() + field.size();
+    const char* end = field.data() + field.size();
     const auto [stop, fault] = std::from_chars(field.data(), end, value);
     if (fault != std::errc{} || stop != end || !std::isfinite(value)) return std::nullopt;
     return value;
@@ -41,10 +44,12 @@ void takeInteger(std::string_view& rest, int lowest, int highest, int& value) {
     value = rounded(*read);
 }
 
+/// Seven digits, with a point in every country: a comma would part two fields.
 std::string line(float value) {
-    char text[32];
-    std::snprintf(text, sizeof text, " %.7g \r\n", static_cast<double>(value));
-    return text;
+    char digits[32];
+    char* const end =
+        std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, 7).ptr;
+    return ' ' + std::string(digits, end) + " \r\n";
 }
 
 }  // namespace
@@ -54,7 +59,8 @@ SettingsFile parseSettings(const std::string& text) {
     std::string_view rest = text;
     takeInteger(rest, 0, 12, settings.brano);
     takeInteger(rest, 1, 3, settings.velocita);
-    if (const auto scale = number(takeField(rest)); scale && *scale > 0) settings.scala = *scale;
+    const auto scale = number(takeField(rest));
+    if (scale && *scale >= leastScale && *scale <= mostScale) settings.scala = *scale;
     return settings;
 }
 

@@ -8,7 +8,7 @@
 #include "game/state.h"
 
 /// The settings as the file holds them: music entry 0 to 12, play rate 1 to 3, card scale in
-/// percent, above 0.
+/// percent, 1e-30 to 1e30.
 struct SettingsFile {
     int brano = 12;
     int velocita = 2;

@@ -17,7 +17,7 @@
 #include <utility>
 
 /// What a melody is made of. Times are in ticks.
-struct Melody {
+struct MidiMelody {
     std::uint32_t division = 1;                    ///< of a quarter note
     std::uint32_t bar = 0;                         ///< by the last time signature
     std::map<std::uint32_t, std::uint32_t> tempo;  ///< when -> microseconds in a quarter note
@@ -41,7 +41,7 @@ class MidiReader {
 public:
     explicit MidiReader(std::string bytes) : bytes_(std::move(bytes)), limit_(bytes_.size()) {}
 
-    Melody read() {
+    MidiMelody read() {
         const bool known = number(4) == 0x4D546864;  // MThd
         require(known && number(4) == 6 && number(2) <= 1, "bad header");
         const std::uint32_t tracks = number(2);
@@ -116,7 +116,7 @@ private:
         const std::uint32_t length = variable();
         const std::size_t end = place_ + length;
         if (type == 0x51) melody_.tempo[tick_] = number(3);
-        if (type == 0x58) melody_.bar = melody_.division * 4 * byte(), melody_.bar >>= byte();
+        if (type == 0x58) melody_.bar = melody_.division * 4 * byte(), melody_.bar >>= byte() % 32;
         require(place_ <= end, "bad tempo or time signature");
         while (place_ < end) byte();
         status_ = 0;
@@ -140,7 +140,8 @@ private:
             return;
         }
         require(!starts.empty(), "an off without its note");
-        if (channel != drums) melody_.pitchClasses.at(first % 12u) += tick_ - starts.front();
+        if (channel != drums)
+            melody_.pitchClasses.at(static_cast<std::size_t>(first % 12)) += tick_ - starts.front();
         starts.pop_front();
         melody_.lastOff = std::max(melody_.lastOff, tick_);
     }
@@ -154,5 +155,5 @@ private:
     std::set<int> pedals_;  ///< channels whose pedal is held
     /// When the notes of this track began, by channel and pitch.
     std::map<std::pair<int, int>, std::deque<std::uint32_t>> sounding_;
-    Melody melody_;
+    MidiMelody melody_;
 };

@@ -38,14 +38,14 @@ fs::path melodyPath(const std::string& caption) {
 }
 
 /// Fails the test that asks where the file is missing or damaged.
-Melody melody(const std::string& caption) {
-    Melody read;
+MidiMelody melody(const std::string& caption) {
+    MidiMelody read;
     EXPECT_NO_THROW(read = MidiReader(bytesOf(melodyPath(caption))).read()) << caption;
     return read;
 }
 
 /// Quarter notes a minute, and the seven pitch classes that sound longest: its scale.
-std::pair<long, std::set<int>> manner(const Melody& m) {
+std::pair<long, std::set<int>> manner(const MidiMelody& m) {
     std::array<int, 12> order{};
     std::iota(order.begin(), order.end(), 0);
     std::ranges::stable_sort(order, std::greater{}, [&](int pitch) {
@@ -58,7 +58,7 @@ std::pair<long, std::set<int>> manner(const Melody& m) {
 TEST(Melodies, LastOneToTwoMinutesAndLoopWithoutAGap) {
     for (const std::string caption : captions) {
         SCOPED_TRACE(caption);
-        const Melody m = melody(caption);
+        const MidiMelody m = melody(caption);
         EXPECT_NEAR(m.seconds(m.end), 90, 30);
         const QByteArray file = QByteArray::fromStdString(bytesOf(melodyPath(caption)));
         EXPECT_NEAR(melodySeconds(file).value_or(0), m.seconds(m.end), 0.001) << "for the game";
@@ -73,7 +73,7 @@ TEST(Melodies, CanBeToldApart) {
     std::map<std::set<int>, std::string> bands;
     std::map<std::pair<long, std::set<int>>, std::string> manners;
     for (const std::string caption : captions) {
-        const Melody m = melody(caption);
+        const MidiMelody m = melody(caption);
         EXPECT_GE(m.channels.size(), 3u) << caption;
         const auto [band, newBand] = bands.emplace(m.instruments, caption);
         EXPECT_TRUE(newBand) << caption << " is played by the instruments of " << band->second;
@@ -114,8 +114,8 @@ TEST(CardSound, IsAShortCleanKnock) {
     constexpr std::size_t pcm = 1, mono = 1 << 16, bytes = 2, bits = 16 << 16;
     EXPECT_EQ(card.substr(0, cardHeader), "RIFF" + little(card.size() - 8) + "WAVEfmt " +
                                               little(16) + little(pcm | mono) + little(44100) +
-                                              little(44100 * 2) + little(bytes | bits) + "data" +
-                                              little(card.size() - cardHeader));
+                                              little(44100 * bytes) + little(bytes | bits) +
+                                              "data" + little(card.size() - cardHeader));
     const std::vector<int> samples = samplesOf(card.substr(cardHeader));
     EXPECT_LT(samples.size(), 44100u / 5);
     EXPECT_LT(std::max(std::abs(samples.front()), std::abs(samples.back())), 164) << "would click";
@@ -131,11 +131,12 @@ double renderedLoudness(const std::string& caption) {
     const std::string command =
         "\"" VELARDA_SYNTHESISER "\" -niq -g 0.6 -O s16 -r " + std::to_string(rate) + " -F \"" +
         raw.string() + "\" \"" VELARDA_SOUND_FONT "\" \"" + melodyPath(caption).string() + '"';
+    // NOLINTNEXTLINE(cert-env33-c,concurrency-mt-unsafe)  the test is alone in its process
     EXPECT_EQ(std::system(command.c_str()), 0);
     std::vector<int> samples = samplesOf(bytesOf(raw));
     fs::remove(raw);
     EXPECT_LT(peak(samples), -1) << caption;
-    const Melody m = melody(caption);
+    const MidiMelody m = melody(caption);
     samples.resize(static_cast<std::size_t>(m.seconds(m.lastOff) * rate) * sides);
     const double squares = std::inner_product(samples.begin(), samples.end(), samples.begin(), 0.0);
     return decibels(std::sqrt(squares / static_cast<double>(samples.size())));

@@ -7,7 +7,7 @@
 build_packages="cmake ninja-build g++ qt6-base-dev qt6-svg-dev libsdl2-dev libsdl2-mixer-dev abcmidi"
 run_packages="libsdl2-mixer-2.0-0 qt6-wayland timgm6mb-soundfont fonts-dejavu-core"
 virtual_display_packages="xvfb openbox"
-check_packages="libgtest-dev libbenchmark-dev clang-format fluidsynth desktop-file-utils appstream man-db lintian"
+check_packages="libgtest-dev libbenchmark-dev clang-format clang-tidy cppcheck fluidsynth desktop-file-utils appstream man-db lintian clang libclang-rt-dev locales python3-xlib faketime"
 
 fail() {
     echo "$1" >&2
@@ -17,6 +17,9 @@ fail() {
 is_installed() {
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
+
+# A sound server for a test, unless it would put out the machine's own.
+is_installed pipewire-pulse || is_installed pipewire-alsa || check_packages="$check_packages pulseaudio"
 
 # install_missing PACKAGE...: quiet when there is nothing to do.
 install_missing() {

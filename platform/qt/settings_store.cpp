@@ -3,12 +3,14 @@
 
 #include "platform/qt/settings_store.h"
 
+#include <unistd.h>
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
+#include <cstdio>
 #include <optional>
 
 namespace {
@@ -28,13 +30,24 @@ bool later(const std::string& path, const std::string& other) {
     return written(path) > written(other);
 }
 
+/// The new text is whole and on the disk before it takes the old one's place, so neither a full
+/// disk nor a kill leaves half of it. What a killed writer leaves has one name and goes at the next
+/// time.
 bool replace(const std::string& path, const std::string& text) {
-    const QString name = QString::fromStdString(path);
-    if (!QDir().mkpath(QFileInfo(name).path())) return false;
-    QSaveFile file(name);
-    if (!file.open(QIODevice::WriteOnly)) return false;
-    file.write(text.data(), static_cast<qint64>(text.size()));
-    return file.commit();
+    const QFileInfo old(QString::fromStdString(path));
+    if (!QDir().mkpath(old.path()) || (old.exists() && !old.isWritable())) return false;
+    const QString place = old.exists() ? old.canonicalFilePath() : old.filePath();
+    QFile file(place + QStringLiteral(".new"));
+    file.remove();
+    if (!file.open(QIODevice::NewOnly | QIODevice::Unbuffered)) return false;
+    if (old.exists()) file.setPermissions(old.permissions());
+    const auto size = static_cast<qint64>(text.size());
+    const bool whole = file.write(text.data(), size) == size && fsync(file.handle()) == 0;
+    file.close();
+    const bool done = whole && std::rename(QFile::encodeName(file.fileName()).constData(),
+                                           QFile::encodeName(place).constData()) == 0;
+    if (!done) file.remove();
+    return done;
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <limits>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -79,10 +80,20 @@ void readTempo(Reader& body, std::uint64_t tick, Score& score) {
     score.tempos.push_back({tick, quarter});
 }
 
+/// The standard gives some events one length. A synthesizer refuses a file with any other.
+bool fits(std::uint32_t type, std::size_t length) {
+    constexpr std::pair<std::uint32_t, std::size_t> fixed[] = {
+        {0x2F, 0}, {0x51, 3}, {0x54, 5}, {0x58, 4}, {0x59, 2}};
+    return std::ranges::none_of(
+        fixed, [&](const auto& of) { return of.first == type && of.second != length; });
+}
+
 /// True at the end of the track, which must be where its bytes end.
 bool readMeta(Reader& track, std::uint64_t tick, Score& score) {
     const std::uint32_t type = track.number(1);
-    Reader body(track.take(track.variable()));
+    const Bytes bytes = track.take(track.variable());
+    if (!fits(type, bytes.size())) track.fail();
+    Reader body(bytes);
     if (type == 0x51) readTempo(body, tick, score);
     const bool atEnd = type == 0x2F;
     if (!body.good() || (atEnd && !track.done())) track.fail();
@@ -94,7 +105,8 @@ void readChannelEvent(Reader& track, std::uint32_t status) {
     track.data(kind == 0xC || kind == 0xD ? 1 : 2);
 }
 
-/// A byte that is not a status belongs to an event with the status of the one before.
+/// A byte that is not a status belongs to an event with the status of the one before. Bare bytes
+/// for the wire, 0xF7, are more than some synthesizers know, like the rest from 0xF1 on.
 void readNote(Reader& track, std::uint32_t first, std::uint32_t& running) {
     if (first >= 0xF0) return track.fail();
     if (first >= 0x80) {
@@ -114,7 +126,7 @@ bool readTrack(Reader track, Score& score) {
         const std::uint32_t first = track.number(1);
         if (first == 0xFF) {
             if (readMeta(track, tick, score)) break;
-        } else if (first == 0xF0 || first == 0xF7) {
+        } else if (first == 0xF0) {
             track.take(track.variable());
         } else {
             readNote(track, first, running);
@@ -138,7 +150,7 @@ double secondsOf(Score score, std::uint32_t ticksPerQuarter) {
 }
 
 bool named(Bytes bytes, std::string_view name) {
-    return std::ranges::equal(bytes, name, [](unsigned char a, char b) { return a == b; });
+    return std::ranges::equal(bytes, name, [](unsigned char a, unsigned char b) { return a == b; });
 }
 
 Bytes bytesOf(const QByteArray& file) {
@@ -150,6 +162,12 @@ std::uint32_t leastFirst(Reader& reader, int bytes) {
     std::uint32_t value = 0;
     for (int i = 0; i < bytes; ++i) value |= reader.number(1) << 8 * i;
     return value;
+}
+
+/// What follows the name of a chunk of a WAVE file; it is filled up to an even length.
+Bytes takeChunk(Reader& reader) {
+    const std::size_t size = leastFirst(reader, 4);
+    return reader.take(size + size % 2);
 }
 
 QStringList installedSoundFonts(const QString& folder) {
@@ -202,9 +220,16 @@ bool plausibleWave(const QByteArray& file) {
     if (!named(reader.take(4), "RIFF")) return false;
     reader.take(4);
     if (!named(reader.take(8), "WAVEfmt ")) return false;
-    reader.take(6);
-    const std::uint32_t channels = leastFirst(reader, 2), rate = leastFirst(reader, 4);
-    return channels >= 1 && channels <= 2 && rate >= 4'000 && rate <= 192'000;
+    Reader format(takeChunk(reader));
+    format.take(2);
+    const std::uint32_t channels = leastFirst(format, 2), rate = leastFirst(format, 4);
+    if (channels < 1 || channels > 2 || rate < 4'000 || rate > 192'000) return false;
+    while (!reader.done()) {
+        // A file may break off, but as much memory is asked for as it promises.
+        if (named(reader.take(4), "data")) return leastFirst(reader, 4) <= largestFile;
+        takeChunk(reader);
+    }
+    return false;
 }
 
 QString findSoundFont(const char* listed) {

@@ -19,7 +19,8 @@ QByteArray readSoundFile(const QString& path);
 /// over may never come back from it.
 std::optional<double> melodySeconds(const QByteArray& file);
 
-/// Whether a WAVE file says of itself what can be believed.
+/// Whether a WAVE file says of itself what can be believed: its chunks are whole up to the sound,
+/// and that is no longer than any of the game.
 bool plausibleWave(const QByteArray& file);
 
 /// The General MIDI sound font to play melodies with: the first one that exists of those that the
