@@ -63,21 +63,17 @@ bool named(const std::string& mask, int position) {
     return mask[static_cast<std::size_t>(position - 1)] != '0';
 }
 
-using Digits = Array<int, mostCandidates>;
-
-int maskSum(const Digits& digits, int candidates, const std::string& mask) {
-    int sum = 0;
-    for (int p = 1; p <= candidates; ++p) sum += named(mask, p) ? digits(p) : 0;
-    return sum;
-}
-
 /// The lowest mask whose cards add up to the played card, 0 if there is none.
 int findMask(const Game& g) {
-    Digits digits;
-    for (int p = 1; p <= g.numeroPresa; ++p) digits(p) = g.presa(p) % 10;
-    const int last = (1 << g.numeroPresa) - 1;
-    for (int k = 1; k <= last; ++k)
-        if (maskSum(digits, g.numeroPresa, g.maschere(k)) == g.valoreGiocato) return k;
+    // As maschere says them: mask k names the positions of its bits, so the sum of a mask is that
+    // of the mask without its highest bit, and one digit more.
+    Array<int, (1 << mostCandidates) - 1> sums;
+    int k = 1;
+    for (int p = 1; p <= g.numeroPresa; ++p) {
+        const int digit = g.presa(p) % 10;
+        for (int rest = 0, bit = k; rest < bit; ++rest, ++k)
+            if ((sums(k) = sums(rest) + digit) == g.valoreGiocato) return k;
+    }
     return 0;
 }
 

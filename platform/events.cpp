@@ -66,7 +66,7 @@ double rtcGetTimer(Runtime& runtime) {
 void rtcDoEvents(Runtime& runtime, double until) {
     runtime.backend.present();
     runtime.backend.wait(runtime.queue.empty() ? std::min(until, runtime.nextDue) : atOnce);
-    if (runtime.nextDue != never) fireTimers(runtime);
+    if (runtime.nextDue != never && runtime.nextDue <= rtcGetTimer(runtime)) fireTimers(runtime);
     if (!runtime.queue.empty()) deliverQueued(runtime);
 }
 
