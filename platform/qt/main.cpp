@@ -9,6 +9,7 @@
 #include "game/state.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/end_signals.h"
+#include "platform/qt/memory.h"
 
 namespace {
 
@@ -27,6 +28,7 @@ int main(int argc, char** argv) {
         std::fputs("velarda: takes no arguments\n", stderr);
         return 2;
     }
+    shareMemory();
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QGuiApplication::setDesktopFileName(QStringLiteral("net.velarda.Velarda"));

@@ -10,6 +10,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/qt/memory.h"
 #include "platform/qt/sound_device.h"
 
 namespace {
@@ -122,7 +123,10 @@ void SoundWorker::Desk::report(const SoundWish& wish, bool atEnd) {
 void SoundWorker::Desk::run() {
     const std::lock_guard alone(librariesInUse);
     while (std::optional<Work> work = nextWork()) {
-        if (work->loaded) melody_ = loading_.get();
+        if (work->loaded) {
+            melody_ = loading_.get();
+            returnMemory();
+        }
         if (work->lost) tendLoss(*work);
         tendWave(work->of(DeviceType::WaveAudio));
         tendMelody(work->of(DeviceType::Sequencer));

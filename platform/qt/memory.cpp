@@ -1,0 +1,22 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include "platform/qt/memory.h"
+
+#include <cstdlib>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+
+void shareMemory() {
+    mallopt(M_ARENA_MAX, 1);
+}
+
+void returnMemory() {
+    malloc_trim(0);
+}
+#else
+void shareMemory() {}
+
+void returnMemory() {}
+#endif
