@@ -1,16 +1,12 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-#include <gtest/gtest.h>
+// Once a hand runs, its moves ask for no memory: counted by replacing the program's allocator.
 
 #include <cstdlib>
 #include <new>
 
-#include "game/event_table.h"
-#include "platform/headless/headless.h"
-#include "tools/robot.h"
-
-// Once a hand runs, its moves ask for no memory: counted by replacing the program's allocator.
+#include "tests/script.h"
 
 namespace {
 
@@ -31,35 +27,16 @@ long allocations = 0;
     std::free(memory);
 }
 
-namespace {
-
-/// Counts what the moves of a hand allocate, once the first hands have grown every list.
-struct Counter {
-    static constexpr int warmUp = 20, hands = 60;
-
-    int hand = 0;
-    long before = 0, inMoves = 0;
-
-    static void see(Game&, Moment moment, void* self) {
-        auto& counter = *static_cast<Counter*>(self);
-        if (moment == Moment::turn) counter.before = allocations;
-        if (moment == Moment::carriedOut && counter.hand >= warmUp)
-            counter.inMoves += allocations - counter.before;
-        if (moment == Moment::scored && ++counter.hand == hands) throw EndProgram{};
-    }
-};
-
 TEST(Moves, AllocateNothing) {
-    Headless backend(3);
-    Game g(backend);
-    Robot robot(g, 3);
-    backend.time.user = [&](double until) { return robot.act(until); };
-    Counter counter;
-    g.watcher = &counter;
-    g.watch = Counter::see;
-    runProgram(g);
+    script::Play p(3);
+    long before = 0, inMoves = 0;
+    p.watch = [&](Moment now) {
+        if (now == Moment::turn) before = allocations;
+        // The first hands have grown every list.
+        if (now == Moment::carriedOut && p.seen(Moment::scored) >= 20)
+            inMoves += allocations - before;
+    };
+    p.runHands(60);
     EXPECT_GT(allocations, 0);
-    EXPECT_EQ(counter.inMoves, 0);
+    EXPECT_EQ(inMoves, 0);
 }
-
-}  // namespace

@@ -86,10 +86,8 @@ private:
         const std::uint32_t length = number(4);
         require(length <= bytes_.size() - place_, "a track that is longer than the file");
         limit_ = place_ + length;
-        tick_ = 0;
         status_ = 0;
-        while (event()) {
-        }
+        for (tick_ = 0; event();) continue;
         require(place_ == limit_, "events after the end of the track");
         limit_ = bytes_.size();
         for (const auto& [key, notes] : sounding_) require(notes.empty(), "a note without its off");

@@ -9,12 +9,10 @@ using namespace script;
 
 namespace {
 
-constexpr float blockLeft[] = {20, 432};
-
 using Row = std::vector<std::string>;
 
 std::string number(int n) {
-    return " " + std::to_string(n);
+    return ' ' + std::to_string(n);
 }
 
 /// The ten figures of the hand that has just been counted.
@@ -28,6 +26,7 @@ Row figures(const Game& g) {
 
 /// The whole sheet after a hand, with these rows; twenty have room.
 void expectSheet(const Game& g, const std::vector<Row>& rows) {
+    constexpr float blockLeft[] = {20, 432};
     EXPECT_EQ(g.LBLdat(3).Caption + g.LBLdat(12).Caption, "CarteScope");
     float top = 91;
     int next = 13;
@@ -92,24 +91,6 @@ TEST(ScoreSheet, HasOneRowInSingleGamesAndIsFreshAfterAMatch) {
         EXPECT_EQ(Point(p.g.frmscore, 5, 5), 0x0080FF);
     });
     p.runHands(3);
-}
-
-TEST(ScoreSheet, ShowsTheCardsOfThePrimiera) {
-    const std::vector<int> piles[] = {{6, 20, 15, 19}, {7, 1, 2, 3, 4, 5, 6, 8, 9, 10, 40, 38}};
-    const int shown[][8] = {{6, 15, 0, 0, 7, 17, 27, 37}, {7, 0, 0, 38, 0, 17, 27, 37}};
-    Play p;
-    p.robot.tipoPartita = 2;  // the sheet stays the same
-    p.watch = [&](Moment moment) {
-        const int hand = p.seen(Moment::leftovers) - 1;
-        if (moment == Moment::leftovers) forcePile(p.g, piles[hand]);
-        if (moment != Moment::scored) return;
-        for (int i = 1; i <= 8; ++i) {
-            const Image& image = p.g.imgset(i);
-            EXPECT_EQ(image.Visible ? image.picture : 0, shown[hand][i - 1]) << hand << ' ' << i;
-            EXPECT_EQ(pixelsOf(image, {1, 1, 2}).right, (i <= 4 ? 50 * i : 300 + 50 * i) + 2 * 31);
-        }
-    };
-    p.runHands(2);
 }
 
 }  // namespace

@@ -42,16 +42,11 @@ void Play::runHands(int hands) {
     run();
 }
 
-void forcePile(Game& g, const std::vector<int>& ids) {
-    g.giocatore = computer;  // takes the leftovers, which nobody writes down then
-    g.presiUmano = 0;
-    for (const int id : ids) g.pilaPrese(++g.presiUmano) = id;
-}
-
 void forceHand(Game& g, int humanPoints, int computerPoints) {
     // One player has the whole pack, which is four points; scope make up the rest.
     const bool toHuman = computerPoints < 4;
-    forcePile(g, {});
+    g.giocatore = computer;  // takes the leftovers, which nobody writes down then
+    g.presiUmano = 0;
     for (int id = 1; toHuman && id <= 40; ++id) g.pilaPrese(id) = g.presiUmano = id;
     g.scope(human) = humanPoints - (toHuman ? 4 : 0);
     g.scope(computer) = computerPoints - (toHuman ? 0 : 4);

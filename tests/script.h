@@ -77,11 +77,7 @@ private:
     std::map<Moment, int> seen_;
 };
 
-// Both of these are for Moment::leftovers. The computer gets the cards that are not named.
-
-/// Gives the human just these cards of the hand.
-void forcePile(Game&, const std::vector<int>& ids);
-/// Makes the hand bring these points; one of the two must be 4 or more.
+/// For Moment::leftovers: makes the hand bring these points; one of the two must be 4 or more.
 void forceHand(Game&, int humanPoints, int computerPoints);
 
 /// A card's size as it is designed, in table units.

@@ -10,7 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -24,6 +24,7 @@
 #include "platform/qt/sdl_player.h"
 #include "platform/qt/sound_files.h"
 #include "platform/qt/sound_worker.h"
+#include "tools/scripted_desktop.h"
 
 namespace {
 
@@ -58,15 +59,16 @@ void put(const char* name, const QByteArray& content) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
 }
 
-/// Where a loud sound begins after 4 milliseconds without one; complete once the device is closed.
-std::vector<int> onsets(int loud) {
+/// Where a loud sound begins after a rest of so many milliseconds, as the sides are mixed; complete
+/// once the device is closed.
+std::vector<int> onsets(int loud, int rest = 4, int left = 1, int right = 0) {
     QFile file(QStringLiteral("heard"));
     const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const auto* sides = reinterpret_cast<const std::int16_t*>(bytes.constData());
     std::vector<int> found;
-    for (int i = 0, last = -rate; i < bytes.size() / 4; ++i) {
-        const int left = static_cast<unsigned char>(bytes[4 * i]) | bytes[4 * i + 1] * 256;
-        if (std::abs(left) < loud) continue;
-        if (i - last > rate / 250) found.push_back(i);
+    for (int i = 0, last = -rate; i < bytes.size() / 4; ++i, sides += 2) {
+        if (std::abs(left * sides[0] + right * sides[1]) < loud) continue;
+        if (i - last > rate * rest / 1000) found.push_back(i);
         last = i;
     }
     return found;
@@ -244,10 +246,63 @@ TEST_F(Sound, PlayersMayGoWhateverIsBeingRead) {
     EXPECT_TRUE(card.playsTo(card.ends));
 }
 
+/// Plays a hand on real windows, slowly enough for the ear, with music up to a card.
+class HeardDesktop : public ScriptedDesktop {
+public:
+    explicit HeardDesktop(int lastCardWithMusic) : lastCardWithMusic_(lastCardWithMusic) {
+        settings = "1,3,100";  // the first melody, the highest speed
+        attach(g_);
+        time.user = [this](double until) { return robot_.act(until); };
+        g_.watcher = this;
+        g_.watch = [](Game&, Moment now, void* self) {
+            static_cast<HeardDesktop*>(self)->see(now);
+        };
+        runProgram(g_);
+    }
+    std::string programFolder() override { return "."; }
+
+private:
+    void see(Moment now) {
+        // The music has begun, and come to its end, before the first card.
+        if (now == Moment::dealt) pump(4000, [this] { return !g_.queue.empty(); });
+        if (now == Moment::scored) throw EndProgram{};
+        if (now != Moment::decided) return;
+        pump(120);
+        if (++cards_ == lastCardWithMusic_) g_.queue.push_back({Source::canzoni, Verb::Click, 0});
+    }
+
+    Game g_{*this};
+    Robot robot_{g_, 7};
+    int cards_ = 0, lastCardWithMusic_;
+};
+
+TEST_F(Sound, AWholeHandIsHeard) {
+    constexpr std::size_t lastCardWithMusic = 24;
+    put("carta.wav", click(20));
+    // A stroke of the woodblock on the left, dry, and silence up to half a second. So the right
+    // side holds the cards, and what the sides differ by is the melody.
+    ASSERT_TRUE(QDir().mkdir(QStringLiteral("music")));
+    put("music/Humanoid.mid",
+        QByteArray("MThd\0\0\0\6\0\0\0\1\1\xF4MTrk\0\0\0\x1D", 22) +
+            QByteArray("\0\xFF\x51\x03\x07\xA1\x20\0\xB9\x0A\0\0\x5B\0\0\x5D\0", 17) +
+            QByteArray("\0\x99\x4C\x60\x3C\x4C\0\x83\x38\xFF\x2F\0", 12));
+    { const HeardDesktop desktop(lastCardWithMusic); }
+    const std::vector<int> knocks = onsets(6000, 50, 0, 1), strokes = onsets(500, 50, 1, -1);
+    ASSERT_EQ(knocks.size(), 36u);
+    ASSERT_GE(strokes.size(), 6u);
+    EXPECT_LT(strokes[1], knocks[0]);
+    for (std::size_t i = 1; i < strokes.size(); ++i)
+        EXPECT_NEAR(strokes[i] - strokes[i - 1], rate / 2.0, rate / 100.0);
+    // "None" came with a card: music up to it, no more of it some milliseconds after the next one.
+    EXPECT_GT(strokes.back(), knocks[lastCardWithMusic - 1] - rate / 2);
+    EXPECT_LT(onsets(1, 0, 1, -1).back(), knocks[lastCardWithMusic] + rate / 20);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    const QCoreApplication application(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

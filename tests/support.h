@@ -19,16 +19,8 @@ namespace test {
 
 using Cards = std::vector<int>;  ///< ids, 0 for none
 
-/// Cards with blanks between them: the value, 1 to 10 or A, and the suit, d, c, b or s; "7d Ac".
-Cards cards(std::string_view notation);
-/// The notation of cards, "." for none.
+/// Cards with blanks between them: the value and the suit, d, c, b or s; "7d 1c". "." is none.
 std::string names(const Cards&);
-
-/// A press on the table surface.
-struct Press {
-    float x = 0, y = 0;
-    int button = 1;
-};
 
 /// A game whose table and hands are laid by hand. Its cards are 62 by 108 units, so that every edge
 /// of the layout is a whole number. The rate is low: ritardo(1) lasts one second.
@@ -39,22 +31,19 @@ public:
     Headless backend;
     Game g{backend};
 
-    // The cards stand in the order of their places with blanks between them. "7d" is that card,
-    // "7" a seven of the first suit that is not used yet, "." leaves the place empty.
+    // In the order of the places. "7" is a seven of the first suit that is not used yet.
     void layTable(std::string_view);
     void giveHuman(std::string_view);
     void giveComputer(std::string_view);
 
-    Press place(int number) const;  ///< its middle, 1 to 12 in table order
-    Press slot(int k) const;        ///< middle of the human's slot, 1 to 3
-    Colour seenAt(Press at) const { return Point(g.frmscopa, at.x, at.y); }
-    void press(Press at) { pressAt(g, g.frmscopa, at.x, at.y, at.button); }
-    /// One press whenever the game waits for the player; then ScriptRanOut.
-    void script(std::vector<Press>);
+    /// Draws k out of n next, before what was said earlier.
+    void draw(int k, int n) {
+        g.chance.prepared.push_back((static_cast<float>(k) + 0.5f) / static_cast<float>(n));
+    }
+    /// Counts a hand in which the human has taken these cards.
+    void count(const Cards& taken);
     std::vector<int> late;  ///< places pressed besides when a legal selection is first judged
 
-    /// Clears the move and makes it this player's, as at the start of each move.
-    void beginMove(int player);
     /// Runs the human's move up to its decision: the card of slot 1, then presses at places. False
     /// if the game still waits for the player then.
     bool humanPlays(const std::vector<int>& places);
@@ -66,6 +55,9 @@ public:
     Cards marked() const;
 
 private:
+    Cards lay(std::string_view, std::size_t places);
+    void beginMove(int player);
+    void pressPlace(int number);
     int framedSides(int id) const;
 
     Array<bool, 40> used_;

@@ -27,9 +27,8 @@ struct Layout {
     static float slotLeft(int slot) { return 400 - 1.5f * cardWidth - 6 + right(slot); }
 } const layout;
 
-constexpr int bare = -1;
-
 /// The picture of which a whole card is seen at a place; `bare` for the table, -2 otherwise.
+constexpr int bare = -1;
 int seenAt(const Game& g, float left, float top) {
     const float x = left + cardWidth / 2, y = top + cardHeight / 2;
     const Painted* seen = g.frmscopa.surface.at(x, y);
@@ -108,6 +107,10 @@ private:
         if (p_.picking()) chosen_ = p_.now();
         if (p_.moment == Moment::decided && p_.left() <= 0) ++slideSteps_;
         sweep_ = sweep_ || (p_.started() && (g_.Timer1.enabled || g_.Timer2.enabled));
+        if (!sweep_ || !g_.Timer1.enabled || p_.choosing()) return;
+        const float slot = layout.slotLeft(g_.postoMano);
+        EXPECT_EQ(seenAt(g_, slot, layout.computersTop), picture::back) << "the ace comes later";
+        EXPECT_TRUE(g_.Gorilla(1).Visible);
     }
 
     void see(Moment moment) {

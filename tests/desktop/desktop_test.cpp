@@ -1,6 +1,9 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
+// The desktop backend plays as the headless one does, its mouse means the same at every size, and
+// its settings file is whole at any time.
+
 #include <gtest/gtest.h>
 
 #include <QAccessible>
@@ -16,9 +19,6 @@
 #include "platform/qt/settings_store.h"
 #include "tools/recorder.h"
 #include "tools/scripted_desktop.h"
-
-// The desktop backend plays as the headless one does, its mouse means the same at every size, and
-// its settings file is whole at any time.
 
 namespace {
 
@@ -46,12 +46,6 @@ std::string transcript(Platform& backend, Game& g, const std::function<void(Game
     return recorder.text;
 }
 
-std::string headlessTranscript() {
-    Headless backend(1);
-    Game g(backend);
-    return transcript(backend, g);
-}
-
 /// Does the queued presses again with the mouse of the window system.
 void pressWithMouse(Game& g, SurfaceView& view) {
     const std::vector<Event> queued = std::move(g.queue);
@@ -69,63 +63,30 @@ void pressWithMouse(Game& g, SurfaceView& view) {
     }
 }
 
-TEST(Desktop, PlaysAsHeadless) {
-    ScriptedDesktop desktop;
-    Game g(desktop);
-    desktop.attach(g);
-    EXPECT_EQ(transcript(desktop, g), headlessTranscript());
-}
+struct Played : ScriptedDesktop {
+    Played() { attach(g); }
+    Game g{*this};
+};
 
-TEST(Desktop, ReadsTheMouseAtAnySize) {
-    for (const QSize size : {QSize(640, 480), QSize(1111, 777), QSize(1920, 1080)}) {
-        ScriptedDesktop desktop;
-        Game g(desktop);
-        desktop.attach(g);
-        FormWindow& window = desktop.window(g.frmscopa);
-        window.resize(size);
-        EXPECT_EQ(transcript(desktop, g, [&](Game& game) { pressWithMouse(game, window.view()); }),
-                  headlessTranscript());
+TEST(Desktop, PlaysAsHeadlessByMouseAtAnySizeAndWhenMovedToAScreenOfAnotherScale) {
+    Headless backend(1);
+    Game headless(backend);
+    const std::string expected = transcript(backend, headless);
+    for (const QSize size : {QSize(640, 480), QSize(1111, 777), QSize(1920, 1080), QSize()}) {
+        Played desktop;
+        FormWindow& window = desktop.window(desktop.g.frmscopa);
+        if (size.isValid()) window.resize(size);
+        const auto press = [&, presses = 0](Game& g) mutable {
+            const QScreen* screen = QGuiApplication::screens().at(++presses / 3 % 2);
+            if (!size.isValid()) {
+                window.move(screen->geometry().topLeft());
+                desktop.present();
+                ASSERT_EQ(g.frmscopa.grid.fixed, screen->devicePixelRatio());
+            }
+            pressWithMouse(g, window.view());
+        };
+        EXPECT_EQ(transcript(desktop, desktop.g, press), expected);
     }
-}
-
-TEST(Desktop, KeepsWhatIsInFrontOfTheSurfaceFromIt) {
-    ScriptedDesktop desktop;
-    Game g(desktop);
-    desktop.attach(g);
-    int lampClicks = 0, presses = 0;
-    desktop.time.user = [&](double until) {
-        if (g.fase != "gioco1") return Robot(g, 1).act(until);
-        if (until != never) return false;
-        g.Text1.Visible = true;
-        g.queue.push_back({Source::frmscopa, Verb::MouseDown, 0, 1, 0,
-                           g.Verde(0).Left + g.Verde(0).Width / 2,
-                           g.Verde(0).Top + g.Verde(0).Height / 2});
-        pressWithMouse(g, desktop.window(g.frmscopa).view());
-        for (const Event& event : g.queue) {
-            lampClicks += event.source == Source::Verde;
-            presses += event.verb == Verb::MouseDown;
-        }
-        throw EndProgram{};
-    };
-    runProgram(g);
-    EXPECT_EQ(lampClicks, 1);
-    EXPECT_EQ(presses, 0);
-}
-
-TEST(Desktop, MovesToAScreenOfAnotherScaleInTheMiddleOfAHand) {
-    ScriptedDesktop desktop;
-    Game g(desktop);
-    desktop.attach(g);
-    FormWindow& window = desktop.window(g.frmscopa);
-    int presses = 0;
-    const auto move = [&](Game&) {
-        const QScreen* screen = QGuiApplication::screens().at(++presses / 3 % 2);
-        window.move(screen->geometry().topLeft());
-        desktop.present();
-        ASSERT_EQ(g.frmscopa.grid.fixed, screen->devicePixelRatio());
-        pressWithMouse(g, window.view());
-    };
-    EXPECT_EQ(transcript(desktop, g, move), headlessTranscript());
 }
 
 /// What a reader of the screen says of a window and of all that is seen in it.
@@ -137,9 +98,8 @@ QString spoken(QAccessibleInterface* part) {
 }
 
 TEST(Desktop, IsSpokenAndLedByKeys) {
-    ScriptedDesktop desktop;
-    Game g(desktop);
-    desktop.attach(g);
+    Played desktop;
+    Game& g = desktop.g;
     QStringList said;  // twice on the opening screen, then on two score sheets
     const std::vector first{Qt::Key_Escape, Qt::Key_Return, Qt::Key_Return, Qt::Key_Tab};
     desktop.time.user = [&, robot = Robot(g, 1)](double until) mutable {
@@ -162,48 +122,27 @@ TEST(Desktop, IsSpokenAndLedByKeys) {
     EXPECT_EQ(said.last().count("/QUIT"), 1);
 }
 
-class Settings : public testing::Test {
-protected:
-    QTemporaryDir folder_;
-
-    std::string path(const char* name) const { return folder_.filePath(name).toStdString(); }
-    static void put(const std::string& file, const QByteArray& text) {
-        QFile out(QString::fromStdString(file));
-        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(text);
-    }
-};
-
-TEST_F(Settings, LieBesideTheProgram) {
+TEST(Settings, LieBesideTheProgramOrElseInTheUsersFolderAndStayWhole) {
+    const std::string first = " 3 \r\n 2 \r\n 100 \r\n", second = " 0 \r\n 1 \r\n 80 \r\n";
+    const QTemporaryDir place;
+    QDir folder(place.path());
+    qputenv("XDG_CONFIG_HOME", folder.filePath("home").toLocal8Bit());
+    const SettingsStore users("/proc");
+    EXPECT_EQ(users.read(), "");
+    EXPECT_TRUE(users.write(second) && QFile::exists(folder.filePath("home/velarda/config.crv")));
+    EXPECT_EQ(users.read(), second);
     qputenv("XDG_CONFIG_HOME", "/proc/none");
-    const SettingsStore store(folder_.path().toStdString());
+    const SettingsStore store(place.path().toStdString());
     EXPECT_EQ(store.read(), "");
-    EXPECT_TRUE(store.write(" 3 \r\n 2 \r\n 100 \r\n"));
-    EXPECT_EQ(store.read(), " 3 \r\n 2 \r\n 100 \r\n");
-    put(path("config.crv"), QByteArray(3000000, 'x'));
+    EXPECT_TRUE(store.write(first));
+    EXPECT_EQ(store.read(), first);
+    ASSERT_TRUE(folder.rename("config.crv", "kept") && folder.mkdir("config.crv"));
+    EXPECT_FALSE(store.write(second)) << "a folder is in its place";
+    EXPECT_EQ(store.read(), "");
+    ASSERT_TRUE(folder.rmdir("config.crv") && folder.rename("kept", "config.crv"));
+    EXPECT_EQ(store.read(), first);
+    EXPECT_TRUE(store.write(std::string(3000000, 'x')));
     EXPECT_LE(store.read().size(), 4096u);
-}
-
-TEST_F(Settings, GoToTheUsersFolderWhereTheProgramsCannotBeWritten) {
-    qputenv("XDG_CONFIG_HOME", folder_.filePath("home").toLocal8Bit());
-    const SettingsStore store("/proc");
-    EXPECT_EQ(store.read(), "");
-    EXPECT_TRUE(store.write(" 0 \r\n 1 \r\n 80 \r\n"));
-    EXPECT_EQ(store.read(), " 0 \r\n 1 \r\n 80 \r\n");
-    EXPECT_TRUE(QFile::exists(folder_.filePath("home/velarda/config.crv")));
-}
-
-TEST_F(Settings, StayWholeWhenTheyCannotBeWritten) {
-    qputenv("XDG_CONFIG_HOME", "/proc/none");
-    const SettingsStore store(folder_.path().toStdString());
-    ASSERT_TRUE(store.write(" 1 \r\n 1 \r\n 100 \r\n"));
-    ASSERT_TRUE(QDir(folder_.path()).rename("config.crv", "kept"));
-    ASSERT_TRUE(QDir(folder_.path()).mkdir("config.crv"));
-    EXPECT_FALSE(store.write(" 2 \r\n 2 \r\n 100 \r\n"));
-    EXPECT_EQ(store.read(), "");
-    ASSERT_TRUE(QDir(folder_.path()).rmdir("config.crv"));
-    ASSERT_TRUE(QDir(folder_.path()).rename("kept", "config.crv"));
-    EXPECT_EQ(store.read(), " 1 \r\n 1 \r\n 100 \r\n");
 }
 
 }  // namespace
