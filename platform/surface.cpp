@@ -75,7 +75,7 @@ void Surface::settle() const {
     // From the newest down to the oldest. The kept ones gather at the end.
     Painted* kept = end_;
     Box hidden;  // by the kept ones
-    for (const Painted* next = end_; next != fresh_.begin();) {
+    for (const Painted* next = end_; next != fresh_.data();) {
         const Painted& entry = *--next;
         const Box& box = entry.box;
         if (contains(hidden, box)) continue;
@@ -91,7 +91,7 @@ void Surface::settle() const {
         }
     }
     settled_.insert(settled_.end(), kept, end_);
-    end_ = fresh_.begin();
+    end_ = fresh_.data();
     if (settled_.size() >= tidyAt_) tidy();
 }
 

@@ -53,11 +53,11 @@ struct Surface {
     /// Puts an entry on top; it stands until the next change. The entry is made in its place: to
     /// copy it there costs three times as much as all the rest of painting a line.
     const Painted& add(Box box, Picture picture, Colour colour) {
-        if (end_ == fresh_.end()) settle();
+        if (end_ == fresh_.data() + mostFresh) settle();
         return *end_++ = {box, picture, colour};
     }
     void clear() {
-        end_ = fresh_.begin();
+        end_ = fresh_.data();
         settled_.clear();
     }
     /// Everything that one later entry does not hide, lowest first. Stands until the next change.
@@ -76,6 +76,6 @@ private:
     // Sorting out changes none of what is seen.
     mutable std::vector<Painted> settled_;          ///< lowest first
     mutable std::array<Painted, mostFresh> fresh_;  ///< above those
-    mutable Painted* end_ = fresh_.begin();         ///< of the fresh ones in use
+    mutable Painted* end_ = fresh_.data();          ///< of the fresh ones in use
     mutable std::size_t tidyAt_ = firstTidy;
 };

@@ -36,8 +36,8 @@ TEST(Presses, OnALampAreNoneOnTheTable) {
 
 TEST(Panels, OpenByTheMenuAndCloseByTheRightControls) {
     struct {
-        Source source;
-        int closes;
+        Source source{};
+        int closes = 0;
         Verb verb = Verb::Click;
     } const closed[] = {{Source::Text1, english},
                         {Source::Text3, italian},

@@ -9,7 +9,7 @@
 #include <malloc.h>
 
 void shareMemory() {
-    mallopt(M_ARENA_MAX, 1);
+    mallopt(M_ARENA_MAX, 1);  // NOLINT(concurrency-mt-unsafe): there is one thread yet
 }
 
 void returnMemory() {
