@@ -89,7 +89,7 @@ while read -r source headers; do
     [ "$(cat "$stamp" 2>/dev/null)" = "${key%% *}" ] || echo "$source $stamp ${key%% *}" >>$to_do
 done
 # shellcheck disable=SC2016  # the inner shell is to expand them
-xargs -P 2 -n 3 sh -c '
+xargs -r -P 2 -n 3 sh -c '
     if clang-tidy -p build/dev --quiet "$1" >"$2.log" 2>&1; then
         echo "$3" >"$2"
     else
