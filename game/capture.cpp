@@ -3,14 +3,18 @@
 
 #include "game/capture.h"
 
-#include "game/cards.h"
+#include "state/cards.h"
+#include "state/holders.h"
+#include "state/state.h"
 #include "table/ace_sweep.h"
 #include "table/painting.h"
 
 namespace frmscopa {
 namespace {
 
-constexpr int mostCandidates = 8;  ///< positions of a mask
+/// The positions of a mask. A search among nine would need masks that are not there, so it is not
+/// made: the card is laid, and the human need not take.
+constexpr int mostCandidates = 8;
 
 /// The first table card of the played card's value, 0 if there is none. Counts the empty places
 /// that it passes.
@@ -26,25 +30,27 @@ int findEqual(Game& g) {
     return 0;
 }
 
+/// The computer does not play this card now.
 void reject(Game& g) {
     g.cartaGiocata = 0;
 }
 
-/// False when the computer holds back an ace: the ace would take an ace while other cards are held.
-bool takeEqual(Game& g, int id) {
+/// An ace would take no more than an ace, and could sweep later; with nothing else in the hand it
+/// has to go.
+bool holdsBackAce(const Game& g) {
+    return g.giocatore == computer && g.valoreGiocato == 1 && g.assiMano < g.carteMano;
+}
+
+/// The human chooses among equal cards himself; the computer takes this one.
+void takeEqual(Game& g, int id) {
+    g.presaOk = true;
     if (g.giocatore == human) {
-        g.presaUguale = g.presaOk = true;
-        return true;
-    }
-    if (g.valoreGiocato == 1 && g.assiMano < g.carteMano) {
-        reject(g);
-        return false;
+        g.presaUguale = true;
+        return;
     }
     mark(g, id);
     enterTaken(g, 1, id);
     g.numeroPresa = 1;
-    g.presaOk = true;
-    return true;
 }
 
 /// Lists in presa the cards that a sum could use. Tens are never among them.
@@ -63,7 +69,9 @@ bool named(const std::string& mask, int position) {
     return mask[static_cast<std::size_t>(position - 1)] != '0';
 }
 
-/// The lowest mask whose cards add up to the played card, 0 if there is none.
+/// The lowest mask whose cards add up to the played card, 0 if there is none. Several sets may do;
+/// the first one in the order of counting is the computer's, so a table has one answer and no other
+/// is looked for. It prefers nothing, neither many cards nor denari.
 int findMask(const Game& g) {
     // As maschere says them: mask k names the positions of its bits, so the sum of a mask is that
     // of the mask without its highest bit, and one digit more.
@@ -88,13 +96,15 @@ void takeMask(Game& g, const std::string& mask) {
     }
 }
 
+/// For the human the candidates stay in presa: verifica clears them.
 void noCapture(Game& g) {
     if (g.giocatore == human) return;
     reject(g);
     g.numeroPresa = 0;
 }
 
-/// Looks for two or more candidates that add up to the played card.
+/// Looks for two or more candidates that add up to the played card. Leaves numeroPresa at the
+/// number of candidates where they do, and at 0 where no search is made.
 void searchSum(Game& g) {
     const int n = g.numeroPresa;
     if (g.sommaPresa < g.valoreGiocato || n < 2) return noCapture(g);
@@ -112,6 +122,26 @@ void searchSum(Game& g) {
     }
 }
 
+/// Marks the whole table. The human's marked cards are collected and added up by verifica, which
+/// then finds the sum that it looks for; the computer's are listed here.
+void takeTable(Game& g) {
+    int cards = 0;
+    g.valoreGiocato = 0;
+    for (const auto [row, column] : tableOrder) {
+        const int id = g.tavolo(row, column);
+        if (id == 0) continue;
+        g.posX = g.carta(id).Left;
+        g.posY = g.carta(id).Top;
+        mark(g, id);
+        if (g.giocatore == computer) {
+            enterTaken(g, ++cards, id);
+        } else {
+            g.valoreGiocato += cardValue(id);
+        }
+    }
+    g.numeroPresa = cards;
+}
+
 }  // namespace
 
 void Trova_Combinazioni(Game& g) {
@@ -127,7 +157,8 @@ void combina(Game& g) {
     g.presaOk = g.presaUguale = false;
     g.postiVuoti = 0;
     if (const int equal = findEqual(g); equal != 0) {
-        if (!takeEqual(g, equal)) return;
+        if (holdsBackAce(g)) return reject(g);
+        takeEqual(g, equal);
     } else if (g.postiVuoti == tablePlaces && g.giocatore == computer) {
         return reject(g);
     } else {
@@ -136,6 +167,13 @@ void combina(Game& g) {
     }
     // Only the human's ace comes here without a capture: the computer starts its own sweep.
     if (g.cartaGiocata % 10 == 1 && !g.presaOk) velarda(g);
+}
+
+void velarda(Game& g) {
+    if (g.postiVuoti == tablePlaces) return;
+    playMascot(g, g.giocatore);
+    takeTable(g);
+    g.presaOk = true;
 }
 
 }  // namespace frmscopa

@@ -4,9 +4,10 @@
 #include "game/computer.h"
 
 #include "game/capture.h"
-#include "game/cards.h"
 #include "platform/chance.h"
-#include "table/ace_sweep.h"
+#include "state/cards.h"
+#include "state/holders.h"
+#include "state/state.h"
 #include "table/motion.h"
 #include "table/painting.h"
 
@@ -85,8 +86,8 @@ void showPlayed(Game& g) {
     Command(g, g.MMCw, "Play");
     g.MMCw.From = 0;
     Image& slot = g.dorso(g.postoMano);
-    erase(g, slot.Left, slot.Top - 1, slot.Left + g.larghezzaCarta, slot.Top + g.altezzaCarta);
-    showCard(g, g.cartaGiocata, playedLeft(g), playedTop(g));
+    eraseCard(g, {slot.Left, slot.Top}, {.top = 1});
+    showCard(g, g.cartaGiocata, playedSpot(g));
     slot.Tag = "0";
     ritardo(g, 2);
 }

@@ -3,8 +3,9 @@
 
 #include "game/deal.h"
 
-#include "game/cards.h"
 #include "platform/chance.h"
+#include "state/state.h"
+#include "table/lamps.h"
 #include "table/painting.h"
 #include "table/wipe.h"
 
@@ -13,7 +14,6 @@ namespace {
 constexpr int tableCards = 4;
 constexpr int computersPart = 18;  ///< from a human's place of mazzo to the computer's
 constexpr int refusedSum = 40;     ///< of the ids of the four table cards
-constexpr float computersTop = 5;
 
 /// Draws a card that is left in the source pack; index 0 of it is always empty.
 int drawCard(Game& g) {
@@ -34,16 +34,12 @@ void shuffle(Game& g) {
     } while (g.mazzo(1) + g.mazzo(2) + g.mazzo(3) + g.mazzo(4) == refusedSum);
 }
 
-void showLamps(Game& g) {
-    for (int i = 0; i <= 1; ++i) g.Verde(i).Visible = g.Rosso(i).Visible = true;
-}
-
 void layTable(Game& g) {
     for (int column = 1; column <= tableCards; ++column) {
         ++g.cimaMazzo;
         const int id = g.mazzo(g.cimaMazzo);
         g.tavolo(2, column) = id;
-        showCard(g, id, placeLeft(g, column), playedTop(g));
+        showCard(g, id, {placeSpot(g, {2, column}).left, playedSpot(g).top});
     }
 }
 
@@ -59,20 +55,18 @@ void Mescola(Game& g) {
     g.cimaMazzo = 0;
     modScopa::sipario(g, g.frmscopa, tableColour);
     layTable(g);
-    g.pilaY(human) = rounded(g.centroY * 2 - g.altezzaCarta - 5);
-    g.pilaY(computer) = 5;
-    paintAtCardSize(g, g.Mazzo.picture, deckLeft, static_cast<float>(g.pilaY(g.mazziere)));
+    measurePiles(g);
+    paintAtCardSize(g, g.Mazzo.picture, deckSpot(g));
     Command(g, g.MMC1, "Play");
 }
 
 void daicarte(Game& g) {
     for (int slot = 0; slot <= 2; ++slot) {
         ++g.cimaMazzo;
-        const float left = handLeft(g, slot);
-        showCard(g, g.mazzo(g.cimaMazzo), left, handTop(g));
+        showCard(g, g.mazzo(g.cimaMazzo), handSpot(g, slot));
         g.dorso(slot).Tag = std::to_string(g.mazzo(g.cimaMazzo + computersPart));
-        paintAtCardSize(g, g.dorso(slot).picture, left, computersTop);
-        Move(g.dorso(slot), left, computersTop);
+        paintAtCardSize(g, g.dorso(slot).picture, computersSpot(g, slot));
+        moveTo(g.dorso(slot), computersSpot(g, slot));
     }
 }
 

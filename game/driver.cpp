@@ -3,17 +3,19 @@
 
 #include "game/driver.h"
 
-#include <algorithm>
-
 #include "game/capture.h"
-#include "game/cards.h"
 #include "game/computer.h"
 #include "game/deal.h"
 #include "game/human.h"
-#include "game/scoring.h"
+#include "game/outcome.h"
 #include "platform/chance.h"
 #include "preferences/settings.h"
 #include "preferences/sound.h"
+#include "state/cards.h"
+#include "state/holders.h"
+#include "state/scoring.h"
+#include "state/state.h"
+#include "table/lamps.h"
 #include "table/motion.h"
 #include "table/opening_screen.h"
 #include "table/painting.h"
@@ -22,37 +24,9 @@
 namespace frmscopa {
 namespace {
 
-constexpr float lampLeft = 620, lampHeight = 32;
-
-/// Above this the hands would touch the table's rows; below it no card can be read. The settings
-/// keep what the player wrote.
-constexpr float smallestScale = 0.4f, largestScale = 1.06f;
-
-void measureWindow(Game& g) {
-    g.scalaX = g.frmscopa.Width / layoutTwipsAcross;
-    g.scalaY = g.frmscopa.Height / layoutTwipsDown;
-    g.centroX = g.frmscopa.ScaleWidth / 2;
-    g.centroY = g.frmscopa.ScaleHeight / 2;
-}
-
-void measureCards(Game& g) {
-    const float scale = std::clamp(g.scalaCarte, smallestScale, largestScale);
-    g.larghezzaCarta = g.scalaX * g.carta(1).Width * scale;
-    g.altezzaCarta = g.scalaY * g.carta(1).Height * scale;
-    g.tavoloX = g.centroX - 2 * g.larghezzaCarta - 9;
-    g.tavoloY = g.centroY - 1.5f * g.altezzaCarta - gap;
-}
-
 void placeBanner(Game& g) {
-    Move(g.Picture2, 110, g.centroY);
+    moveTo(g.Picture2, bannerSpot(g));
     g.Picture2.Visible = false;
-}
-
-void parkLamps(Game& g) {
-    for (int i = 0; i <= 1; ++i) {
-        Move(g.Verde(i), unitsAcross, unitsDown);
-        Move(g.Rosso(i), unitsAcross, unitsDown);
-    }
 }
 
 void openMatch(Game& g) {
@@ -68,18 +42,10 @@ void openMatch(Game& g) {
     sceltaPartita(g);
 }
 
-void placeLamps(Game& g) {
-    const float half = g.altezzaCarta / 2;
-    for (Image* lamp : {&g.Verde(0), &g.Rosso(0)})
-        Move(*lamp, lampLeft, unitsDown - half - lampHeight);
-    for (Image* lamp : {&g.Verde(1), &g.Rosso(1)}) Move(*lamp, lampLeft, half);
-}
-
 void beginMove(Game& g, int player) {
     g.giocatore = player;
     g.cartaGiocata = g.valoreGiocato = g.numeroPresa = g.sommaPresa = 0;
-    ZOrder(g, g.Verde(player - 1));
-    ZOrder(g, g.Rosso(2 - player));
+    showTurn(g, player);
     notify(g, Moment::turn);
 }
 
@@ -116,8 +82,7 @@ void dealAgain(Game& g) {
     g.mosseGiocate = 0;
     daicarte(g);
     if (g.cimaMazzo < deckSpent) return;
-    const auto top = static_cast<float>(g.pilaY(g.mazziere));
-    erase(g, deckLeft, top, deckLeft + g.larghezzaCarta, top + g.altezzaCarta);
+    eraseCard(g, deckSpot(g));
 }
 
 /// The cards left on the table go to the player who took last; this gives no scopa.

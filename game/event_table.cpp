@@ -11,6 +11,7 @@
 #include "preferences/panels.h"
 #include "preferences/settings.h"
 #include "preferences/sound.h"
+#include "state/state.h"
 #include "table/ace_sweep.h"
 #include "table/opening_screen.h"
 
@@ -74,12 +75,6 @@ constexpr Handler table[] = {
 
 std::span<const Handler> eventTable() {
     return table;
-}
-
-Game::Game(Backend& b) : Runtime(b, eventTable()) {
-    designTable(*this, b);
-    designScore(*this, b);
-    timers = {&Timer1, &Timer2};
 }
 
 void runProgram(Game& g) {

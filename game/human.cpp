@@ -3,44 +3,38 @@
 
 #include "game/human.h"
 
-#include <cmath>
-
 #include "game/capture.h"
-#include "game/cards.h"
 #include "preferences/panels.h"
+#include "state/cards.h"
+#include "state/holders.h"
+#include "state/state.h"
 #include "table/motion.h"
 #include "table/painting.h"
 
 namespace frmscopa {
 namespace {
 
-bool insideHandBand(const Game& g, float X, float Y) {
-    return X > handLeft(g, 0) && X < handLeft(g, 3) && Y > handTop(g) && Y < handBottom;
-}
-
 void pickHandCard(Game& g, float X, float Y) {
     // A card is in play already: its sweep runs, or a second press came along with the first.
-    if (g.cartaGiocata != 0 || !insideHandBand(g, X, Y)) return;
-    g.postoMano = X > handLeft(g, 2) ? 3 : X > handLeft(g, 1) - 1 ? 2 : 1;
+    if (g.cartaGiocata != 0) return;
+    const int slot = handSlotAt(g, X, Y);
+    if (slot == 0) return;
+    g.postoMano = slot;
     g.cartaGiocata = g.mazzo(g.cimaMazzo + g.postoMano - 3);
     g.valoreGiocato = cardValue(g.cartaGiocata);
     Command(g, g.MMCw, "Play");
     g.MMCw.From = 0;
     const Image& card = g.carta(g.cartaGiocata);
-    erase(g, card.Left, card.Top, card.Left + g.larghezzaCarta, card.Top + g.altezzaCarta);
-    showCard(g, g.cartaGiocata, playedLeft(g), playedTop(g));
-}
-
-int gridLine(float distance, float pitch) {
-    return static_cast<int>(std::floor(distance / pitch)) + 1;
+    eraseCard(g, {card.Left, card.Top});
+    showCard(g, g.cartaGiocata, playedSpot(g));
 }
 
 void pickTableCard(Game& g, float X, float Y) {
-    g.rigaTavolo = gridLine(Y - g.tavoloY, g.altezzaCarta + gap);
-    g.colonnaTavolo = gridLine(X - g.tavoloX, g.larghezzaCarta + gap);
-    if (g.rigaTavolo < 1 || g.rigaTavolo > 3) return;
-    if (g.colonnaTavolo < 1 || g.colonnaTavolo > 4) return;
-    const int id = g.tavolo(g.rigaTavolo, g.colonnaTavolo);
+    const Place place = tablePlaceAt(g, X, Y);
+    g.rigaTavolo = place.row;
+    g.colonnaTavolo = place.column;
+    if (!onTable(place)) return;
+    const int id = g.tavolo(place.row, place.column);
     if (id == 0) return;
     if (marked(g, id)) {
         g.carta(id).Tag.clear();

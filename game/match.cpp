@@ -3,7 +3,8 @@
 
 #include "game/match.h"
 
-#include "game/scoring.h"
+#include "state/scoring.h"
+#include "state/state.h"
 #include "table/score_sheet.h"
 #include "table/wipe.h"
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "game/state.h"
+struct Game;
 
 namespace frmscore {
 

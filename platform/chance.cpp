@@ -3,8 +3,6 @@
 
 #include "platform/chance.h"
 
-#include <cmath>
-
 #include "platform/backend.h"
 #include "platform/events.h"
 
@@ -39,13 +37,4 @@ float rtcRandomNext(Runtime& runtime) {
 
 int randomBelow(Runtime& runtime, int n) {
     return static_cast<int>(static_cast<double>(rtcRandomNext(runtime)) * n);
-}
-
-int rounded(float value) {
-    const float down = std::floor(value);
-    const float over = value - down;
-    const int below = static_cast<int>(down);
-    if (over < 0.5f) return below;
-    if (over > 0.5f) return below + 1;
-    return below % 2 == 0 ? below : below + 1;
 }

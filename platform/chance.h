@@ -14,6 +14,3 @@ float rtcRandomNext(Runtime&);
 /// A random integer from 0 to below n, the integer part of rtcRandomNext times n. The product is
 /// taken in double precision: in single precision a draw next to 1 could be rounded up to n.
 int randomBelow(Runtime&, int n);
-
-/// The integer nearest to a value; halves go to the even one.
-int rounded(float value);

@@ -4,7 +4,6 @@
 #include "platform/events.h"
 
 #include <algorithm>
-#include <cassert>
 
 #include "platform/backend.h"
 #include "platform/form.h"
@@ -49,14 +48,17 @@ void deliverQueued(Runtime& runtime) {
 
 Runtime::Runtime(Backend& b, std::span<const Handler> table) : backend(b) {
     for (const Handler& row : table) {
-        assert(static_cast<std::size_t>(row.source) < mostSources);
-        procedures[slot(row.source, row.verb)] = row.run;
+        const std::size_t place = slot(row.source, row.verb);
+        if (place >= procedures.size()) procedures.resize(place + 1);
+        procedures[place] = row.run;
     }
     queue.reserve(64);
 }
 
 void deliver(Runtime& runtime, const Event& event) {
-    if (const auto run = runtime.procedures[slot(event.source, event.verb)]) run(runtime, event);
+    const std::size_t place = slot(event.source, event.verb);
+    if (place >= runtime.procedures.size()) return;
+    if (const auto run = runtime.procedures[place]) run(runtime, event);
 }
 
 double rtcGetTimer(Runtime& runtime) {

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -29,7 +28,7 @@ enum class Verb : std::uint8_t {
     QueryUnload,
     Unload
 };
-inline constexpr std::size_t verbs = 11, mostSources = 40;
+inline constexpr std::size_t verbs = static_cast<std::size_t>(Verb::Unload) + 1;
 
 struct Event {
     Source source{};
@@ -80,11 +79,11 @@ struct Runtime {
     Chance chance;
     std::vector<Event> queue;  ///< what has happened and has not been delivered
     std::vector<Timer*> timers;
-    double nextDue = never;          ///< of the enabled timers
-    std::vector<Form*> activations;  ///< shown, and not yet activated
-    Form* front = nullptr;           ///< the form shown last
-    unsigned raised = 0;             ///< the last stamp given by ZOrder
-    std::array<decltype(Handler::run), mostSources * verbs> procedures{};
+    double nextDue = never;                          ///< of the enabled timers
+    std::vector<Form*> activations;                  ///< shown, and not yet activated
+    Form* front = nullptr;                           ///< the form shown last
+    unsigned raised = 0;                             ///< the last stamp given by ZOrder
+    std::vector<decltype(Handler::run)> procedures;  ///< by source and verb, as far as any has one
 };
 
 /// Shows what has been painted, sleeps until there is an event or the clock reads `until`, and

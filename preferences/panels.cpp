@@ -3,6 +3,8 @@
 
 #include "preferences/panels.h"
 
+#include "state/state.h"
+
 namespace frmscopa {
 
 void hidePanels(Game& g) {

@@ -10,7 +10,8 @@
 #include <string_view>
 
 #include "platform/backend.h"
-#include "platform/chance.h"
+#include "state/rounding.h"
+#include "state/state.h"
 
 namespace {
 
@@ -57,8 +58,8 @@ std::string line(float value) {
 SettingsFile parseSettings(const std::string& text) {
     SettingsFile settings;
     std::string_view rest = text;
-    takeInteger(rest, 0, 12, settings.brano);
-    takeInteger(rest, 1, 3, settings.velocita);
+    takeInteger(rest, noMelody, lastMelody, settings.brano);
+    takeInteger(rest, firstRate, lastRate, settings.velocita);
     const auto scale = number(takeField(rest));
     if (scale && *scale >= leastScale && *scale <= mostScale) settings.scala = *scale;
     return settings;
@@ -85,7 +86,7 @@ void writeSettings(Game& g) {
 }
 
 void velocità_gioco_Click(Game& g, int Index) {
-    for (int i = 1; i <= 3; ++i) g.velocità_gioco(i).Checked = i == Index;
+    for (int i = firstRate; i <= lastRate; ++i) g.velocità_gioco(i).Checked = i == Index;
     g.velocita = Index * 10;
     writeSettings(g);
 }

@@ -5,10 +5,10 @@
 
 #include <string>
 
-#include "game/state.h"
+struct Game;
 
-/// The settings as the file holds them: music entry 0 to 12, play rate 1 to 3, card scale in
-/// percent, 1e-30 to 1e30.
+/// The settings as the file holds them: music entry 0 to lastMelody, play rate firstRate to
+/// lastRate, card scale in percent, 1e-30 to 1e30.
 struct SettingsFile {
     int brano = 12;
     int velocita = 2;
@@ -30,6 +30,6 @@ void readSettings(Game&);
 /// Writes the three values as they stand. velocita is ten times the index here.
 void writeSettings(Game&);
 
-void velocità_gioco_Click(Game&, int Index);  ///< Index 1 to 3
+void velocità_gioco_Click(Game&, int Index);  ///< Index firstRate to lastRate
 
 }  // namespace frmscopa

@@ -5,6 +5,7 @@
 
 #include "platform/backend.h"
 #include "preferences/settings.h"
+#include "state/state.h"
 
 namespace frmscopa {
 namespace {
@@ -17,7 +18,7 @@ std::string melodyPath(Game& g, int index, const char* extension) {
 }  // namespace
 
 void prepareSound(Game& g) {
-    if (g.brano != 0) {
+    if (g.brano != noMelody) {
         g.MMC1.FileName = melodyPath(g, g.brano, ".mid");
         Command(g, g.MMC1, "Open");
     }
@@ -29,8 +30,8 @@ void prepareSound(Game& g) {
 void canzoni_Click(Game& g, int Index) {
     g.brano = Index;
     Command(g, g.MMC1, "close");
-    for (int i = 0; i <= 12; ++i) g.canzoni(i).Checked = i == Index;
-    if (Index != 0) {
+    for (int i = noMelody; i <= lastMelody; ++i) g.canzoni(i).Checked = i == Index;
+    if (Index != noMelody) {
         g.MMC1.FileName = melodyPath(g, Index, ".MID");
         Command(g, g.MMC1, "open");
         g.MMC1.From = 0;

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "game/state.h"
+struct Game;
 
 namespace frmscopa {
 
@@ -11,7 +11,7 @@ namespace frmscopa {
 /// brano.
 void prepareSound(Game&);
 
-/// Changes the melody at once and keeps the choice; Index 0 to 12, 0 is no music.
+/// Changes the melody at once and keeps the choice; Index noMelody to lastMelody.
 void canzoni_Click(Game&, int Index);
 
 void MMC1_Done(Game&);           ///< starts a melody that has reached its end over again

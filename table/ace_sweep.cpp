@@ -3,11 +3,11 @@
 
 #include "table/ace_sweep.h"
 
-#include "game/cards.h"
+#include "state/state.h"
 #include "table/motion.h"
-#include "table/painting.h"
 
-namespace frmscopa {
+using frmscopa::ritardo;
+
 namespace {
 
 constexpr int gorillaFrames = 10, maskFrames = 5;
@@ -49,36 +49,17 @@ void playGorilla(Game& g) {
     hideFrames(g.Gorilla);
 }
 
-void markTable(Game& g) {
-    int cards = 0;
-    g.valoreGiocato = 0;
-    for (const auto [row, column] : tableOrder) {
-        const int id = g.tavolo(row, column);
-        if (id == 0) continue;
-        g.posX = g.carta(id).Left;
-        g.posY = g.carta(id).Top;
-        mark(g, id);
-        if (g.giocatore == computer) {
-            enterTaken(g, ++cards, id);
-        } else {
-            g.valoreGiocato += cardValue(id);
-        }
-    }
-    g.numeroPresa = cards;
-}
-
 }  // namespace
 
-void velarda(Game& g) {
-    if (g.postiVuoti == tablePlaces) return;
-    if (g.giocatore == human) {
+void playMascot(Game& g, int player) {
+    if (player == human) {
         playMask(g);
     } else {
         playGorilla(g);
     }
-    markTable(g);
-    g.presaOk = true;
 }
+
+namespace frmscopa {
 
 void Timer1_Timer(Game& g) {
     if (++g.fotoGorilla > gorillaFrames) {

@@ -5,7 +5,8 @@
 
 #include <array>
 
-#include "game/scoring.h"
+#include "state/scoring.h"
+#include "state/state.h"
 
 namespace frmscore {
 namespace {

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "game/state.h"
+struct Game;
 
 // What stands on the score sheet. Labels of LBLdat: 0 the template, 1 and 2 the players, 3 to 12
 // the column titles, then ten for each hand of the match. None of these runs events.

@@ -4,6 +4,7 @@
 #include "table/wipe.h"
 
 #include "platform/backend.h"
+#include "state/state.h"
 
 namespace modScopa {
 

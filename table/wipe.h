@@ -3,7 +3,10 @@
 
 #pragma once
 
-#include "game/state.h"
+#include "platform/controls.h"
+
+struct Form;
+struct Game;
 
 namespace modScopa {
 

@@ -21,9 +21,12 @@
 #include <atomic>
 #include <vector>
 
+#include "game/event_table.h"
 #include "platform/qt/sdl_player.h"
 #include "platform/qt/sound_files.h"
 #include "platform/qt/sound_worker.h"
+#include "state/state.h"
+#include "tools/robot.h"
 #include "tools/scripted_desktop.h"
 
 namespace {
@@ -253,10 +256,7 @@ public:
         settings = "1,3,100";  // the first melody, the highest speed
         attach(g_);
         time.user = [this](double until) { return robot_.act(until); };
-        g_.watcher = this;
-        g_.watch = [](Game&, Moment now, void* self) {
-            static_cast<HeardDesktop*>(self)->see(now);
-        };
+        g_.watch = [this](Moment now) { see(now); };
         runProgram(g_);
     }
     std::string programFolder() override { return "."; }
@@ -271,7 +271,7 @@ private:
         if (++cards_ == lastCardWithMusic_) g_.queue.push_back({Source::canzoni, Verb::Click, 0});
     }
 
-    Game g_{*this};
+    Game g_{*this, eventTable()};
     Robot robot_{g_, 7};
     int cards_ = 0, lastCardWithMusic_;
 };

@@ -6,9 +6,10 @@
 #include <benchmark/benchmark.h>
 
 #include "game/capture.h"
-#include "game/cards.h"
 #include "game/event_table.h"
 #include "platform/headless/headless.h"
+#include "state/cards.h"
+#include "state/state.h"
 #include "table/painting.h"
 #include "table/wipe.h"
 #include "tools/recorder.h"
@@ -18,24 +19,18 @@ namespace {
 
 /// Plays `hands` hands of matches of all kinds, watched or not.
 void playHands(int hands, bool watched) {
-    struct Watcher {
-        Recorder recorder{false};
-        int left = 0;
-        bool watched = false;
-    } watcher{.left = hands, .watched = watched};
+    Recorder recorder(false);
     Headless backend(1);
-    Game g(backend);
+    Game g(backend, eventTable());
     Robot robot(g, 1);
     int match = 0;
     backend.time.user = [&](double until) {
         if (g.GO.Visible) robot.tipoPartita = match++ % 3;
         return robot.act(until);
     };
-    g.watcher = &watcher;
-    g.watch = [](Game& game, Moment moment, void* self) {
-        auto& seen = *static_cast<Watcher*>(self);
-        if (seen.watched) seen.recorder.see(game, moment);
-        if (moment == Moment::scored && --seen.left == 0) throw EndProgram{};
+    g.watch = [&, left = hands](Moment moment) mutable {
+        if (watched) recorder.see(g, moment);
+        if (moment == Moment::scored && --left == 0) throw EndProgram{};
     };
     runProgram(g);
 }
@@ -51,7 +46,7 @@ BENCHMARK(Hand)->ArgName("checked")->Arg(0)->Arg(1);
 /// A table whose eight candidates make no sum, so that all 255 masks are walked.
 void CombinaAtItsWorst(benchmark::State& state) {
     Headless backend;
-    Game g(backend);
+    Game g(backend, eventTable());
     frmscopa::Trova_Combinazioni(g);
     constexpr int evens[] = {2, 12, 22, 32, 4, 14, 24, 34};
     for (std::size_t i = 0; i < std::size(evens); ++i)
@@ -67,7 +62,7 @@ BENCHMARK(CombinaAtItsWorst);
 
 void Wipe(benchmark::State& state) {
     Headless backend;
-    Game g(backend);
+    Game g(backend, eventTable());
     for ([[maybe_unused]] auto _ : state) modScopa::sipario(g, g.frmscopa, tableColour);
 }
 BENCHMARK(Wipe);
@@ -75,13 +70,13 @@ BENCHMARK(Wipe);
 /// The paint of a card that slides over a fan of the given number of cards.
 void SlidePaint(benchmark::State& state) {
     Headless backend;
-    Game g(backend);
+    Game g(backend, eventTable());
     g.larghezzaCarta = 62.2f;
     g.altezzaCarta = 108.3f;
     for ([[maybe_unused]] auto _ : state) {
         const auto top = 245 - static_cast<float>(state.range(0)) * 0.3f * g.altezzaCarta;
         for (float y = top; y < 245; y += 2) {
-            paintAtCardSize(g, 7, 578, y + 1);
+            paintAtCardSize(g, 7, {578, y + 1});
             erase(g, 578, y - 3, 578 + g.larghezzaCarta, y);
         }
         benchmark::DoNotOptimize(g.frmscopa.surface.at(600, 250));

@@ -8,6 +8,10 @@
 
 #include <QApplication>
 
+#include "game/event_table.h"
+#include "platform/qt/surface_view.h"
+#include "state/state.h"
+#include "tools/robot.h"
 #include "tools/scripted_desktop.h"
 
 namespace {
@@ -15,7 +19,7 @@ namespace {
 /// A game in a window of the given size.
 struct Table {
     ScriptedDesktop desktop;
-    Game game{desktop};
+    Game game{desktop, eventTable()};
 
     explicit Table(QSize size) {
         desktop.settings = " 0 \r\n 3 \r\n 100 \r\n";
@@ -40,13 +44,8 @@ void RepaintAll(benchmark::State& state) {
     Game& g = table.game;
     Robot robot(g, 1);
     table.desktop.time.user = [&](double until) { return robot.act(until); };
-    struct Counter {
-        std::int64_t left;
-    } moves{state.range(0)};
-    g.watcher = &moves;
-    g.watch = [](Game&, Moment moment, void* counter) {
-        if (moment == Moment::carriedOut && --static_cast<Counter*>(counter)->left == 0)
-            throw EndProgram{};
+    g.watch = [left = state.range(0)](Moment moment) mutable {
+        if (moment == Moment::carriedOut && --left == 0) throw EndProgram{};
     };
     runProgram(g);
     FormWindow& window = table.desktop.window(g.frmscopa);

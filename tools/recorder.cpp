@@ -6,10 +6,11 @@
 #include <bit>
 #include <charconv>
 
-#include "game/cards.h"
-#include "game/scoring.h"
-#include "platform/chance.h"
-#include "table/forms.h"
+#include "state/cards.h"
+#include "state/holders.h"
+#include "state/rounding.h"
+#include "state/scoring.h"
+#include "state/state.h"
 
 namespace {
 

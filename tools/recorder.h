@@ -8,7 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "game/state.h"
+#include "platform/array.h"
+
+struct Game;
+enum class Moment;
 
 /// Thrown when a card is lost or doubled or a count does not add up.
 struct InvariantBroken : std::runtime_error {

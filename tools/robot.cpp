@@ -5,8 +5,9 @@
 
 #include <cassert>
 
-#include "game/cards.h"
-#include "table/painting.h"
+#include "state/cards.h"
+#include "state/state.h"
+#include "table/geometry.h"
 
 namespace {
 
@@ -58,16 +59,19 @@ void Robot::pressAt(float x, float y, int button) {
 }
 
 void Robot::pressHand(int slot) {
-    pressAt(handLeft(g_, slot - 1) + g_.larghezzaCarta / 2, handTop(g_) + g_.altezzaCarta / 2);
+    const Spot card = handSpot(g_, slot - 1);
+    pressAt(card.left + g_.larghezzaCarta / 2, card.top + g_.altezzaCarta / 2);
 }
 
 void Robot::pressTable(int row, int column) {
-    pressAt(placeLeft(g_, column) + g_.larghezzaCarta / 2, placeTop(g_, row) + g_.altezzaCarta / 2);
+    const Spot card = placeSpot(g_, {row, column});
+    pressAt(card.left + g_.larghezzaCarta / 2, card.top + g_.altezzaCarta / 2);
 }
 
 bool Robot::holds(int slot) const {
-    return Point(g_.frmscopa, handLeft(g_, slot - 1) + g_.larghezzaCarta / 2,
-                 handTop(g_) + g_.altezzaCarta / 2) != tableColour;
+    const Spot card = handSpot(g_, slot - 1);
+    return Point(g_.frmscopa, card.left + g_.larghezzaCarta / 2, card.top + g_.altezzaCarta / 2) !=
+           tableColour;
 }
 
 void Robot::playHandCard() {

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "game/state.h"
+struct Game;
 
 /// A human player made of code, for the simulator and the tests. It plays through the real event
 /// queue and mouse handler only: it presses at the centre of a hand slot, then at table cards, and

@@ -11,7 +11,10 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "game/cards.h"
+#include "game/event_table.h"
+#include "state/cards.h"
+#include "state/state.h"
+#include "tools/robot.h"
 #include "tools/scripted_desktop.h"
 
 namespace {
@@ -25,16 +28,13 @@ public:
         : folder_(std::move(folder)),
           size_(size),
           desktop_(showpiece),
-          game_(desktop_),
+          game_(desktop_, eventTable()),
           robot_(game_, showpiece) {
         desktop_.settings = " 0 \r\n 3 \r\n 100 \r\n";
         desktop_.attach(game_);
         robot_.tipoPartita = 1;
         desktop_.time.user = [this](double until) { return act(until); };
-        game_.watcher = this;
-        game_.watch = [](Game&, Moment moment, void* self) {
-            static_cast<Photographer*>(self)->see(moment);
-        };
+        game_.watch = [this](Moment moment) { see(moment); };
     }
 
     bool run() {

@@ -5,11 +5,8 @@
 
 #include <QCoreApplication>
 
-#include "game/event_table.h"
-#include "game/state.h"
 #include "platform/headless/headless.h"
 #include "platform/qt/desktop.h"
-#include "tools/robot.h"
 
 /// The desktop backend in virtual time, played by a script: real windows, no waiting.
 class ScriptedDesktop : public Desktop {

@@ -15,8 +15,10 @@
 
 #include "game/event_table.h"
 #include "platform/headless/headless.h"
-#include "tools/monkey.h"
+#include "state/state.h"
 #include "tools/recorder.h"
+#include "tools/robot.h"
+#include "tools/teaser.h"
 
 namespace {
 
@@ -113,15 +115,12 @@ public:
     explicit Simulation(const Options& options)
         : options_(options),
           backend_(options.seed),
-          game_(backend_),
+          game_(backend_, eventTable()),
           robot_(game_, options.seed * 2 + 1),
-          monkey_(game_, options.seed + 0x5eed),
+          teaser_(game_, options.seed + 0x5eed),
           recorder_(options.transcript) {
         game_.chance.prepared.reserve(40);
-        game_.watcher = this;
-        game_.watch = [](Game&, Moment moment, void* self) {
-            static_cast<Simulation*>(self)->see(moment);
-        };
+        game_.watch = [this](Moment moment) { see(moment); };
         backend_.time.user = [this](double until) {
             // Nearly always: the game moves and the player looks on.
             if (until != never && !options_.monkey && !game_.GO.Visible) return false;
@@ -144,7 +143,7 @@ private:
     }
 
     [[gnu::noinline]] bool act(double until) {
-        if (options_.monkey && monkey_.tease(until)) return true;
+        if (options_.monkey && teaser_.tease(until)) return true;
         if (game_.GO.Visible) {
             robot_.tipoPartita = recorder_.match++ % 3;
             prepareDeck();
@@ -168,7 +167,7 @@ private:
     Headless backend_;
     Game game_;
     Robot robot_;
-    Monkey monkey_;
+    Teaser teaser_;
     Recorder recorder_;
     std::size_t dealt_ = 0;
 };

@@ -13,8 +13,10 @@
 #include <thread>
 
 #include "platform/events.h"
+#include "platform/form.h"
 #include "platform/qt/sdl_player.h"
 #include "platform/qt/settings_store.h"
+#include "platform/qt/surface_view.h"
 
 namespace {
 

@@ -11,7 +11,10 @@
 #include <cmath>
 
 #include "platform/events.h"
+#include "platform/form.h"
+#include "platform/qt/native_control.h"
 #include "platform/qt/picture_cache.h"
+#include "platform/qt/surface_view.h"
 
 namespace {
 
@@ -32,6 +35,8 @@ FormWindow::FormWindow(Runtime& runtime, Form& form, PictureCache& pictures)
     buildMenu();
     takeControls();
 }
+
+FormWindow::~FormWindow() = default;
 
 void FormWindow::takeControls() {
     natives_.clear();

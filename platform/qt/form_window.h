@@ -7,43 +7,20 @@
 #include <memory>
 #include <vector>
 
-#include "platform/form.h"
-#include "platform/qt/surface_view.h"
-
+class NativeControl;
+class PictureCache;
 class QAction;
 class QMenuBar;
+class SurfaceView;
+struct Form;
+struct MenuEntry;
 struct Runtime;
-
-/// One control that the window system draws. Its widget is made when it is first shown.
-class NativeControl {
-public:
-    NativeControl(Runtime&, Form&, Control&, SurfaceView&);
-    ~NativeControl() { delete widget_; }
-    NativeControl(const NativeControl&) = delete;
-    NativeControl& operator=(const NativeControl&) = delete;
-
-    /// Brings the widget up to the control's data.
-    void present();
-    /// Gives the keyboard to a button that is shown; false for anything else.
-    bool takeFocus();
-
-private:
-    void make();
-    void place();
-    void fillIn();
-
-    Runtime& runtime_;
-    Form& form_;
-    Control& control_;
-    SurfaceView& view_;
-    QWidget* widget_ = nullptr;  ///< a child of the view
-    unsigned raised_ = 0;
-};
 
 /// The window of a form: its menu bar, its surface and its native controls.
 class FormWindow : public QWidget {
 public:
     FormWindow(Runtime&, Form&, PictureCache&);
+    ~FormWindow() override;
 
     SurfaceView& view() { return *view_; }
     /// Shows at once what has changed since the last time.

@@ -1,6 +1,8 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
+#include "platform/qt/native_control.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
@@ -11,7 +13,8 @@
 #include <cmath>
 
 #include "platform/events.h"
-#include "platform/qt/form_window.h"
+#include "platform/form.h"
+#include "platform/qt/surface_view.h"
 #include "platform/qt/text.h"
 
 namespace {
@@ -108,6 +111,10 @@ void setColours(QRadioButton& button, const OptionButton& option) {
 
 NativeControl::NativeControl(Runtime& runtime, Form& form, Control& control, SurfaceView& view)
     : runtime_(runtime), form_(form), control_(control), view_(view) {}
+
+NativeControl::~NativeControl() {
+    delete widget_;
+}
 
 void NativeControl::make() {
     if (control_.kind == Kind::text) {

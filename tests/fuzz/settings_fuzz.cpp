@@ -24,7 +24,7 @@ static bool same(const SettingsFile& a, const SettingsFile& b) {
 static std::string playHand(const std::string& settings) {
     Headless backend;
     backend.settings = settings;
-    Game g(backend);
+    Game g(backend, eventTable());
     Robot robot(g, 1);
     Recorder recorder(false);
     backend.time.user = [&](double until) { return robot.act(until); };

@@ -6,8 +6,8 @@
 #include <cassert>
 #include <cmath>
 
+#include "../music/midi_file.h"
 #include "platform/qt/sound_files.h"
-#include "tests/midi_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const char* data, std::size_t size) {
     const QByteArray file = QByteArray::fromRawData(data, static_cast<qsizetype>(size));

@@ -1,0 +1,314 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include <functional>
+#include <numeric>
+#include <random>
+
+#include "state/scoring.h"
+#include "support.h"
+#include "table/painting.h"
+#include "table/score_sheet.h"
+
+namespace test {
+namespace {
+
+/// The rules of the game once more, as plainly as they can be told and as slowly as they like.
+namespace naive {
+
+int worth(int id) {
+    return id == 0 ? 0 : (id - 1) % 10 + 1;
+}
+
+constexpr auto ace = [](int id) { return worth(id) == 1; };
+constexpr auto seven = [](int id) { return worth(id) == 7; };
+constexpr auto denaro = [](int id) { return id <= 10; };
+
+int sum(const Cards& ids) {
+    return std::accumulate(ids.begin(), ids.end(), 0, [](int s, int id) { return s + worth(id); });
+}
+
+/// The cards that lie there, without the empty places.
+Cards lying(Cards places) {
+    std::erase(places, 0);
+    return places;
+}
+
+/// Sets without the last card come before those with it, and so on towards the first card.
+std::vector<Cards> subsets(const Cards& cards) {
+    std::vector<Cards> all{{}};
+    for (const int id : cards)
+        for (Cards set : std::vector(all)) {
+            set.push_back(id);
+            all.push_back(set);
+        }
+    return all;
+}
+
+/// What a sum could use.
+Cards usable(const Cards& table, int played) {
+    Cards found = lying(table);
+    std::erase_if(found, [&](int id) { return worth(id) == 10 || worth(id) > worth(played); });
+    return found;
+}
+
+/// All that a card may take, each in table order; empty if it takes nothing and is laid. Of two
+/// sets the one whose last card lies earlier comes first, then the last but one decides, and so on.
+std::vector<Cards> takings(const Cards& table, int played) {
+    const Cards all = lying(table);
+    std::vector<Cards> found;
+    for (const int id : all)
+        if (worth(id) == worth(played)) found.push_back({id});
+    if (!found.empty() || all.empty()) return found;
+    if (ace(played)) return {all};
+    const Cards candidates = usable(table, played);
+    if (candidates.size() > 8) return {};
+    for (const Cards& set : subsets(candidates))
+        if (sum(set) == worth(played)) found.push_back(set);
+    return found;
+}
+
+bool mayThrow(const Cards& held, int id) {
+    if (held.size() == 1) return true;
+    if (std::ranges::all_of(held, seven)) return id != 7;
+    return !ace(id) || std::ranges::all_of(held, ace);
+}
+
+struct Play {
+    int slot = 0;
+    Cards taken;
+};
+
+/// What the computer does. Where it throws a card away, the slots are drawn in this order.
+Play computerPlays(const Cards& table, const Cards& hand, const std::vector<int>& order) {
+    const Cards held = lying(hand);
+    // An ace takes an ace only when nothing else is held, and sweeps only as a card thrown away.
+    const bool aceMayTake = std::ranges::all_of(held, ace) && std::ranges::any_of(table, ace);
+    for (int slot = 0; slot <= 2; ++slot) {
+        const int id = hand[static_cast<std::size_t>(slot)];
+        if (id == 0 || (ace(id) && !aceMayTake)) continue;
+        const auto sets = takings(table, id);
+        if (!sets.empty()) return {slot, sets.front()};
+        if (usable(table, id).size() > 8) return {slot, {}};
+    }
+    for (const int slot : order) {
+        const int id = hand[static_cast<std::size_t>(slot)];
+        if (id != 0 && mayThrow(held, id)) return {slot, ace(id) ? lying(table) : Cards{}};
+    }
+    return {};
+}
+
+/// What the computer lists: out of three or more cards, the ones that stay leave a gap.
+Cards entries(const Cards& table, int played, const Cards& taken) {
+    Cards listed = usable(table, played);
+    if (listed.size() < 3 || sum(taken) != worth(played) || taken.size() < 2) return taken;
+    std::ranges::replace_if(
+        listed, [&](int id) { return !contains(taken, id); }, 0);
+    return listed;
+}
+
+/// The card of a suit, from 0 on, that counts in the primiera.
+int best(const Cards& pile, int suit) {
+    for (const int value : {7, 6, 1, 5, 4, 3, 2, 8, 9, 10})
+        if (contains(pile, 10 * suit + value)) return 10 * suit + value;
+    return 0;
+}
+
+int primiera(const Cards& pile) {
+    const int points[] = {0, 16, 12, 13, 14, 15, 18, 21, 10, 10, 10};
+    int total = 0;
+    for (int suit = 0; suit < 4; ++suit) total += points[worth(best(pile, suit))];
+    return total;
+}
+
+/// The points that a pile gains over another one, without the scope.
+int points(const Cards& pile, const Cards& other) {
+    return (pile.size() > other.size()) + (primiera(pile) > primiera(other)) +
+           (std::count_if(pile.begin(), pile.end(), denaro) > 5) +
+           (std::count(pile.begin(), pile.end(), 7) == 1);
+}
+
+}  // namespace naive
+
+/// Random deals that are the same in every run and on every machine.
+class Dealer {
+public:
+    explicit Dealer(unsigned seed) : random_(seed) {}
+
+    std::size_t below(std::size_t n) { return random_() % n; }
+    template <class List>
+    void mix(List& list) {
+        for (auto i = list.size(); i > 1; --i) std::swap(list[i - 1], list[below(i)]);
+    }
+
+    /// Shuffles the pack. In every other round low cards come first, which gives many equal cards,
+    /// many aces and more candidates than the search takes.
+    void shuffle(std::size_t round) {
+        const int highest[] = {3, 4, 7};
+        const int low = round % 2 == 0 ? highest[below(3)] : 0;
+        pack_.resize(40);
+        std::iota(pack_.rbegin(), pack_.rend(), 1);
+        mix(pack_);
+        bringUp([&](int id) { return naive::worth(id) <= low; });
+    }
+    /// Such cards are drawn first.
+    template <class Such>
+    void bringUp(const Such& such) {
+        std::stable_partition(pack_.begin(), pack_.end(), std::not_fn(such));
+    }
+    Cards draw(std::size_t n) {
+        Cards drawn(pack_.end() - static_cast<long>(n), pack_.end());
+        pack_.resize(pack_.size() - n);
+        return drawn;
+    }
+    /// This many cards, spread over the places.
+    Cards spread(std::size_t n, std::size_t places) {
+        Cards laid = draw(n);
+        laid.resize(places);
+        mix(laid);
+        return laid;
+    }
+    /// A table of none to twelve cards. In every third round the others are as they come.
+    Cards layTable(std::size_t round) {
+        shuffle(round);
+        Cards table = spread(below(13), 12);
+        if (round % 3 == 0) mix(pack_);
+        return table;
+    }
+
+private:
+    std::mt19937 random_;
+    Cards pack_;
+};
+
+bool sweeps(int played, const Cards& taken) {
+    return naive::worth(played) == 1 && !taken.empty() && naive::worth(taken[0]) != 1;
+}
+
+TEST(NaiveRules, TheComputerPlaysByThem) {
+    Dealer dealer(20240601);
+    int captures = 0, aceSweeps = 0, laid = 0;
+    std::vector<int> order{0, 1, 2};
+    for (std::size_t round = 0; round < 3000; ++round) {
+        const Cards table = dealer.layTable(round);
+        if (round % 4 == 0) dealer.bringUp([](int id) { return naive::worth(id) % 6 == 1; });
+        const Cards hand = dealer.spread(1 + dealer.below(3), 3);
+        SCOPED_TRACE("hand " + names(hand) + ", table " + names(table));
+        Desk desk;
+        desk.layTable(names(table));
+        desk.giveComputer(names(hand));
+        if (const int id = table[dealer.below(12)]) mark(desk.g, id);  // An old mark is taken off.
+        dealer.mix(order);
+        for (const int k : {2, 1, 0}) desk.draw(order[static_cast<std::size_t>(k)], 3);
+        desk.computerPlays();
+        const auto [slot, taken] = naive::computerPlays(table, hand, order);
+        const int played = hand[static_cast<std::size_t>(slot)];
+        EXPECT_EQ(desk.g.postoMano, slot);
+        EXPECT_EQ(desk.g.cartaGiocata, played);
+        EXPECT_EQ(names(desk.presa()), names(naive::entries(table, played, taken)));
+        EXPECT_EQ(names(desk.marked()), names(taken));
+        EXPECT_NEAR(desk.backend.time.now, sweeps(played, taken) ? 4 + 61 * 0.08 : 4, 1e-6);
+        (taken.empty() ? laid : sweeps(played, taken) ? aceSweeps : captures)++;
+    }
+    EXPECT_GT(captures, 500);
+    EXPECT_GT(aceSweeps, 20);
+    EXPECT_GT(laid, 500);
+}
+
+/// The places of a legal set half of the time, else any, mixed; some are pressed twice more.
+std::vector<int> drawPresses(Dealer& dealer, const Cards& table, const std::vector<Cards>& legal) {
+    const bool aiming = dealer.below(2) == 0;
+    const Cards& aim = legal[dealer.below(legal.size())];
+    std::vector<int> places;
+    for (int p = 1; const int id : table) {
+        const bool wanted = aiming ? contains(aim, id) : dealer.below(3) == 0;
+        if (id != 0 && wanted) places.push_back(p);
+        if (id != 0 && dealer.below(8) == 0) places.insert(places.end(), 2, p);
+        ++p;
+    }
+    dealer.mix(places);
+    return places;
+}
+
+struct Attempt {
+    std::vector<int> presses;
+    std::vector<int> late;  ///< pressed while the first legal set is judged
+    Cards marked;           ///< when a legal set stands, or after all presses
+    bool ends;
+};
+
+Attempt drawAttempt(Dealer& dealer, const Cards& table, int played) {
+    const auto legal = naive::takings(table, played);
+    if (legal.empty()) return {{}, {}, {}, true};
+    if (sweeps(played, legal[0])) return {{}, {}, legal[0], true};
+    Attempt attempt{drawPresses(dealer, table, legal), {}, {}, false};
+    if (dealer.below(2) == 0) attempt.late = drawPresses(dealer, table, legal);
+    Cards unmarked = table, marks(12);
+    const auto press = [&](int p) {
+        const auto place = static_cast<std::size_t>(p - 1);
+        std::swap(marks[place], unmarked[place]);
+        attempt.marked = naive::lying(marks);
+        attempt.ends = contains(legal, attempt.marked);
+    };
+    for (bool judged = false; const int p : attempt.presses) {
+        press(p);
+        if (attempt.ends && !std::exchange(judged, true))
+            std::ranges::for_each(attempt.late, press);
+        if (attempt.ends) break;
+    }
+    return attempt;
+}
+
+TEST(NaiveRules, TheHumanIsHeldToThem) {
+    Dealer dealer(19991231);
+    int captures = 0, refused = 0, laid = 0;
+    for (std::size_t round = 0; round < 2000; ++round) {
+        const Cards table = dealer.layTable(round);
+        const int played = dealer.draw(1)[0];
+        const auto [presses, late, marked, ends] = drawAttempt(dealer, table, played);
+        SCOPED_TRACE(names({played}) + " on " + names(table) + testing::PrintToString(presses));
+        Desk desk;
+        desk.layTable(names(table));
+        desk.giveHuman(names({played}));
+        desk.late = late;
+        EXPECT_EQ(desk.humanPlays(presses), ends);
+        EXPECT_EQ(names(desk.marked()), names(marked));
+        EXPECT_EQ(desk.backend.time.now > 1.1, ends && sweeps(played, marked));
+        EXPECT_TRUE(!ends || desk.presa() == marked) << names(desk.presa());
+        (!ends ? refused : marked.empty() ? laid : captures)++;
+    }
+    EXPECT_GT(captures, 300);
+    EXPECT_GT(refused, 300);
+    EXPECT_GT(laid, 200);
+}
+
+TEST(NaiveRules, HandsAreCountedByThem) {
+    Dealer dealer(7);
+    Desk desk;
+    Game& g = desk.g;
+    for (std::size_t round = 0; round < 800; ++round) {
+        dealer.shuffle(round);
+        const Cards ours = dealer.draw(round % 41);
+        Cards theirs = dealer.draw(40 - ours.size());
+        SCOPED_TRACE(names(ours));
+        desk.count(ours);
+        g.totaleUmano = g.totaleComputer = 0;
+        g.scope(human) = static_cast<int>(round % 3);
+        g.scope(computer) = static_cast<int>(round % 5);
+        frmscore::awardPoints(g);
+        EXPECT_EQ(g.totaleUmano, naive::points(ours, theirs) + g.scope(human));
+        EXPECT_EQ(g.totaleComputer, naive::points(theirs, ours) + g.scope(computer));
+        frmscore::mostrasettanta(g);
+        for (int i = 0; i < 8; ++i) {
+            const Image& image = g.imgset(i + 1);
+            const int best = naive::best(i < 4 ? ours : theirs, i % 4);
+            EXPECT_EQ(image.Visible ? image.picture : 0, best);
+            EXPECT_EQ(pixelsOf(image, {1, 1, 2}).right, (i < 4 ? 50 : 350) + 50 * i + 2 * 31);
+        }
+        std::ranges::sort(theirs);
+        EXPECT_TRUE(std::equal(theirs.begin(), theirs.end(), g.pilaPrese.end() - theirs.size()));
+    }
+}
+
+}  // namespace
+}  // namespace test

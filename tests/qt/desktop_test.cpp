@@ -1,0 +1,162 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+// The desktop backend plays as the headless one does, its mouse means the same at every size, and
+// its settings file is whole at any time.
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTemporaryFile>
+
+#include "game/event_table.h"
+#include "platform/qt/settings_store.h"
+#include "platform/qt/surface_view.h"
+#include "state/state.h"
+#include "tools/recorder.h"
+#include "tools/robot.h"
+#include "tools/scripted_desktop.h"
+
+namespace {
+
+constexpr int hands = 4;
+
+/// Plays matches to 21 points and returns what happened, line by line. `press` may do the robot's
+/// presses in its own way.
+template <class Platform>
+std::string transcript(Platform& backend, Game& g, const std::function<void(Game&)>& press = {}) {
+    Robot robot(g, 5);
+    robot.tipoPartita = 2;
+    Recorder recorder(true);
+    backend.time.user = [&](double until) {
+        const bool acted = robot.act(until);
+        if (acted && press) press(g);
+        return acted;
+    };
+    g.watch = [&](Moment moment) {
+        recorder.see(g, moment);
+        if (moment == Moment::scored && recorder.scored == hands) throw EndProgram{};
+    };
+    runProgram(g);
+    return recorder.text;
+}
+
+/// Does the queued presses again with the mouse of the window system.
+void pressWithMouse(Game& g, SurfaceView& view) {
+    const std::vector<Event> queued = std::move(g.queue);
+    g.queue.clear();
+    for (const Event& event : queued) {
+        if (event.verb != Verb::MouseDown) {
+            g.queue.push_back(event);
+            continue;
+        }
+        const QPointF place(static_cast<double>(event.X) * view.width() / 800,
+                            static_cast<double>(event.Y) * view.height() / 600);
+        QMouseEvent press(QEvent::MouseButtonPress, place, view.mapToGlobal(place), Qt::RightButton,
+                          Qt::RightButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&view, &press);
+    }
+}
+
+struct Played : ScriptedDesktop {
+    Played() { attach(g); }
+    Game g{*this, eventTable()};
+};
+
+TEST(Desktop, PlaysAsHeadlessByMouseAtAnySizeAndWhenMovedToAScreenOfAnotherScale) {
+    Headless backend(1);
+    Game headless(backend, eventTable());
+    const std::string expected = transcript(backend, headless);
+    for (const QSize size : {QSize(640, 480), QSize(1111, 777), QSize(1920, 1080), QSize()}) {
+        Played desktop;
+        FormWindow& window = desktop.window(desktop.g.frmscopa);
+        if (size.isValid()) window.resize(size);
+        const auto press = [&, presses = 0](Game& g) mutable {
+            const QScreen* screen = QGuiApplication::screens().at(++presses / 3 % 2);
+            if (!size.isValid()) {
+                window.move(screen->geometry().topLeft());
+                desktop.present();
+                ASSERT_EQ(g.frmscopa.grid.fixed, screen->devicePixelRatio());
+            }
+            pressWithMouse(g, window.view());
+        };
+        EXPECT_EQ(transcript(desktop, desktop.g, press), expected);
+    }
+}
+
+/// What a reader of the screen says of a window and of all that is seen in it.
+QString spoken(QAccessibleInterface* part) {
+    QString names = part->text(QAccessible::Name);
+    for (int i = 0; i < part->childCount(); ++i)
+        if (!part->child(i)->state().invisible) names += '/' + spoken(part->child(i));
+    return names;
+}
+
+TEST(Desktop, IsSpokenAndLedByKeys) {
+    Played desktop;
+    Game& g = desktop.g;
+    QStringList said;  // twice on the opening screen, then on two score sheets
+    const std::vector first{Qt::Key_Escape, Qt::Key_Return, Qt::Key_Return, Qt::Key_Tab};
+    desktop.time.user = [&, robot = Robot(g, 1)](double until) mutable {
+        if (g.front == &g.frmscopa && !g.GO.Visible) return robot.act(until);
+        if (said.isEmpty()) g.Text3.Visible = true;
+        FormWindow& window = desktop.window(*g.front);
+        window.takeControls();  // as whenever a form is shown
+        desktop.present();
+        for (const int key : {first.at(static_cast<std::size_t>(said.size())), Qt::Key_Return}) {
+            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+            QCoreApplication::sendEvent(window.focusWidget(), &event);
+        }
+        said += spoken(QAccessible::queryAccessibleInterface(&window));
+        return true;
+    };
+    runProgram(g);
+    EXPECT_TRUE(said.at(0).contains("/21 points Game/GO/Regole del gioco/"));
+    EXPECT_TRUE(said.at(1).endsWith("/GO//Play rate/Game rules/Music/Info/QUIT"));
+    EXPECT_TRUE(said.at(2).startsWith("Corvalia - Scopa/SCORE, Player, Computer, Carte, Denari"));
+    EXPECT_EQ(said.last().count("/QUIT"), 1);
+}
+
+TEST(Settings, LieBesideTheProgramOrElseInTheUsersFolderAndStayWhole) {
+    const std::string first = " 3 \r\n 2 \r\n 100 \r\n", second = " 0 \r\n 1 \r\n 80 \r\n";
+    const QTemporaryDir place;
+    QDir folder(place.path());
+    qputenv("XDG_CONFIG_HOME", folder.filePath("home").toLocal8Bit());
+    const SettingsStore users("/proc");
+    EXPECT_EQ(users.read(), "");
+    EXPECT_TRUE(users.write(second) && QFile::exists(folder.filePath("home/velarda/config.crv")));
+    EXPECT_EQ(users.read(), second);
+    qputenv("XDG_CONFIG_HOME", "/proc/none");
+    const SettingsStore store(place.path().toStdString());
+    EXPECT_EQ(store.read(), "");
+    EXPECT_TRUE(store.write(first));
+    EXPECT_EQ(store.read(), first);
+    ASSERT_TRUE(folder.rename("config.crv", "kept") && folder.mkdir("config.crv"));
+    EXPECT_FALSE(store.write(second)) << "a folder is in its place";
+    EXPECT_EQ(store.read(), "");
+    ASSERT_TRUE(folder.rmdir("config.crv") && folder.rename("kept", "config.crv"));
+    EXPECT_EQ(store.read(), first);
+    EXPECT_TRUE(store.write(std::string(3000000, 'x')));
+    EXPECT_LE(store.read().size(), 4096u);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    QTemporaryFile screens;
+    screens.open();
+    screens.write(R"({"screens": [{"name": "usual", "width": 1280, "height": 1024, "dpr": 1},
+        {"name": "dense", "x": 1280, "width": 1280, "height": 1024, "dpr": 2}]})");
+    screens.close();
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens.fileName().toLocal8Bit());
+    QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
