@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "platform/qt/picture_cache.h"
+#include "tools/command_line.h"
 
 namespace {
 
@@ -196,6 +197,10 @@ bool writeAll(const QDir& folder) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    constexpr const char* usage =
+        "velarda-contact-sheets FOLDER\n\n"
+        "Writes the pictures of the game into FOLDER as PNG sheets.\n";
+    if (answersHelpOrVersion(argc, argv, "velarda-contact-sheets", usage)) return 0;
     if (argc != 2 || argv[1][0] == '-' || argv[1][0] == '\0') {
         std::fputs("usage: velarda-contact-sheets FOLDER\n", stderr);
         return 2;

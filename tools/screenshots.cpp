@@ -14,6 +14,7 @@
 #include "game/event_table.h"
 #include "state/cards.h"
 #include "state/state.h"
+#include "tools/command_line.h"
 #include "tools/robot.h"
 #include "tools/scripted_desktop.h"
 
@@ -97,6 +98,10 @@ private:
 }  // namespace
 
 int main(int argc, char** argv) {
+    constexpr const char* usage =
+        "velarda-screenshots FOLDER [WIDTH HEIGHT]\n\n"
+        "Plays a hand and writes pictures of its windows into FOLDER (1280 by 960 pixels).\n";
+    if (answersHelpOrVersion(argc, argv, "velarda-screenshots", usage)) return 0;
     if (argc != 2 && argc != 4) {
         std::fputs("usage: velarda-screenshots FOLDER [WIDTH HEIGHT]\n", stderr);
         return 2;

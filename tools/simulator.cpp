@@ -16,8 +16,10 @@
 #include "game/event_table.h"
 #include "platform/headless/headless.h"
 #include "state/state.h"
+#include "tools/command_line.h"
 #include "tools/recorder.h"
 #include "tools/robot.h"
+#include "tools/signature.h"
 #include "tools/teaser.h"
 
 namespace {
@@ -30,10 +32,24 @@ struct OutputFailed {};
 
 using Deck = Array<int, 40>;
 
+constexpr const char* usage =
+    R"(velarda-sim [--hands N] [--seed S] [--decks FILE] [--monkey] [--transcript]
+velarda-sim --signature | --help | --version
+
+Plays the game without a window and says what happened.
+
+  --hands N      hands to play, match after match (1000)
+  --seed S       fixes the whole run (1)
+  --decks FILE   the first hands are dealt from these decks, forty ids a line
+  --monkey       refused clicks, panels and menus before each legal click
+  --transcript   one JSON object a line in place of the summary
+  --signature    the signature of play, which changes when the play does
+)";
+
 struct Options {
     int hands = 1000;
     std::uint64_t seed = 1;
-    bool monkey = false, transcript = false;
+    bool monkey = false, transcript = false, signature = false;
     std::vector<Deck> decks;
 };
 
@@ -89,6 +105,9 @@ Options parse(int argc, char** argv) {
             options.monkey = true;
         } else if (option == "--transcript") {
             options.transcript = true;
+        } else if (option == "--signature") {
+            if (argc > 2) throw BadArgument("--signature stands alone");
+            options.signature = true;
         } else if (option == "--hands") {
             options.hands = parseNumber<int>(option, value);
             ++i;
@@ -177,6 +196,17 @@ void summarise(const Recorder& recorder, double seconds) {
                 recorder.moves, recorder.scope, recorder.scored / std::max(seconds, 1e-9));
 }
 
+/// What has been printed may still be on its way to a disk that is full.
+void flush() {
+    if (std::fflush(stdout) != 0) throw OutputFailed{};
+}
+
+int printSignature() {
+    std::printf("%016llx\n", static_cast<unsigned long long>(signatureOfPlay()));
+    flush();
+    return 0;
+}
+
 int simulate(const Options& options) {
     const auto start = std::chrono::steady_clock::now();
     Simulation simulation(options);
@@ -192,7 +222,7 @@ int simulate(const Options& options) {
     }
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
     if (!options.transcript) summarise(simulation.recorder(), taken.count());
-    if (std::fflush(stdout) != 0) throw OutputFailed{};
+    flush();
     return 0;
 }
 
@@ -203,7 +233,12 @@ int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is reported like a full disk
 #endif
     try {
-        return simulate(parse(argc, argv));
+        if (answersHelpOrVersion(argc, argv, "velarda-sim", usage)) {
+            flush();
+            return 0;
+        }
+        const Options options = parse(argc, argv);
+        return options.signature ? printSignature() : simulate(options);
     } catch (const BadArgument& fault) {
         std::fprintf(stderr, "velarda-sim: %s\n", fault.what());
         return 2;
