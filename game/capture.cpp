@@ -130,7 +130,7 @@ void takeTable(Game& g) {
     for (const auto [row, column] : tableOrder) {
         const int id = g.tavolo(row, column);
         if (id == 0) continue;
-        g.posX = g.carta(id).Left;
+        g.posX = g.carta(id).Left;  // not looked at: muovicarte starts from the card played
         g.posY = g.carta(id).Top;
         mark(g, id);
         if (g.giocatore == computer) {

@@ -8,6 +8,7 @@
 #include "game/driver.h"
 #include "game/human.h"
 #include "game/match.h"
+#include "preferences/never_called.h"
 #include "preferences/panels.h"
 #include "preferences/settings.h"
 #include "preferences/sound.h"
@@ -42,8 +43,6 @@ constexpr Handler table[] = {
     {Source::frmscopa, Verb::Unload, run<frmscopa::Form_Unload>},
     {Source::Verde, Verb::Click, run<frmscopa::Verde_Click>},
     {Source::Rosso, Verb::Click, run<frmscopa::Rosso_Click>},
-    {Source::dorso, Verb::Click, run<frmscopa::dorso_Click>},
-    {Source::Mazzo, Verb::Click, run<frmscopa::Mazzo_Click>},
     {Source::Timer1, Verb::Timer, run<frmscopa::Timer1_Timer>},
     {Source::Timer2, Verb::Timer, run<frmscopa::Timer2_Timer>},
     // The opening screen.
@@ -58,10 +57,8 @@ constexpr Handler table[] = {
     {Source::esci, Verb::Click, run<frmscopa::esci_Click>},
     {Source::Text1, Verb::Click, run<frmscopa::Text1_Click>},
     {Source::Text3, Verb::Click, run<frmscopa::Text3_Click>},
-    {Source::Text4, Verb::Change, run<frmscopa::Text4_Change>},
     // The music.
     {Source::MMC1, Verb::Done, run<frmscopa::MMC1_Done>},
-    {Source::MMC1, Verb::StopCompleted, run<frmscopa::MMC1_StopCompleted>},
     // The score sheet.
     {Source::frmscore, Verb::Load, run<frmscore::Form_Load>},
     {Source::frmscore, Verb::Activate, run<frmscore::Form_Activate>},
@@ -69,6 +66,11 @@ constexpr Handler table[] = {
     {Source::frmscore, Verb::QueryUnload, run<frmscore::Form_QueryUnload>},
     {Source::Command1, Verb::Click, run<frmscore::Command1_Click>},
     {Source::Command2, Verb::Click, run<frmscore::Command2_Click>},
+    // Answers to events that never come.
+    {Source::dorso, Verb::Click, run<frmscopa::dorso_Click>},
+    {Source::Mazzo, Verb::Click, run<frmscopa::Mazzo_Click>},
+    {Source::Text4, Verb::Change, run<frmscopa::Text4_Change>},
+    {Source::MMC1, Verb::StopCompleted, run<frmscopa::MMC1_StopCompleted>},
 };
 
 }  // namespace

@@ -38,23 +38,11 @@ void Text3_Click(Game& g) {
     g.Text3.Visible = false;
 }
 
-void Text4_Change(Game& g) {
-    g.Text4.Visible = false;
-}
-
 void Verde_Click(Game& g) {
     hidePanels(g);
 }
 
 void Rosso_Click(Game& g) {
-    hidePanels(g);
-}
-
-void dorso_Click(Game& g) {
-    hidePanels(g);
-}
-
-void Mazzo_Click(Game& g) {
     hidePanels(g);
 }
 

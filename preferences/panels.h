@@ -15,10 +15,7 @@ void english_Click(Game&);
 void menu_about_Click(Game&);
 void Text1_Click(Game&);
 void Text3_Click(Game&);
-void Text4_Change(Game&);
 void Verde_Click(Game&);
 void Rosso_Click(Game&);
-void dorso_Click(Game&);
-void Mazzo_Click(Game&);
 
 }  // namespace frmscopa

@@ -46,8 +46,4 @@ void MMC1_Done(Game& g) {
     Command(g, g.MMC1, "Play");
 }
 
-void MMC1_StopCompleted(Game& g) {
-    g.MMC1.From = 0;
-}
-
 }  // namespace frmscopa

@@ -14,7 +14,6 @@ void prepareSound(Game&);
 /// Changes the melody at once and keeps the choice; Index noMelody to lastMelody.
 void canzoni_Click(Game&, int Index);
 
-void MMC1_Done(Game&);           ///< starts a melody that has reached its end over again
-void MMC1_StopCompleted(Game&);  ///< rewinds
+void MMC1_Done(Game&);  ///< starts a melody that has reached its end over again
 
 }  // namespace frmscopa

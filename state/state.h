@@ -32,7 +32,9 @@ struct CurrentMove {
     int postiVuoti = 0;        ///< empty places passed by combina; 12: the table is bare
     int carteMano = 0, assiMano = 0;  ///< the computer's cards and aces, at the start of its turn
     std::string fase;  ///< what a click means: "gioco1", "selezione", or nothing when empty
-    bool raccoltaFinale = false;            ///< the leftovers are being given to the last taker
+    /// The leftovers are being given to the last taker: the card last played has been dealt with
+    /// when it was played, so it is not laid and not taken again, and nothing makes a scopa.
+    bool raccoltaFinale = false;
     int rigaTavolo = 0, colonnaTavolo = 0;  ///< a table place being worked on
     float posX = 0, posY = 0, posZ = 0;     ///< where a card is being painted or moved
 };
