@@ -25,9 +25,12 @@ circles=$(grep -rHo '^#include "[^"]*"' --include='*.cpp' --include='*.h' \
     echo "$circles" | sed 's/.*contains a loop:/These include each other, each the next:/; s/^tsort:/ /' >&2
     fail "A file may include only what stands before it: see CONTRIBUTING.md."
 }
-if grep -rnE '^ *# *include *(<(Q|qt|SDL)|"(platform/qt|tools|tests)/)' --exclude-dir=qt \
-       game table preferences platform >&2; then
+if grep -rnE '^ *# *include *(<(Q|qt|SDL)|"(platform/(qt|sound)|tools|tests)/)' \
+       --exclude-dir=qt --exclude-dir=sound game table preferences platform >&2; then
     fail "The core is standard C++ and stands by itself."
+fi
+if grep -rnE '^ *# *include *(<(Q|qt)|"([a-oq-z]|platform/(qt|headless)))' platform/sound >&2; then
+    fail "The sound is standard C++ and SDL, and knows of nothing but its platform."
 fi
 if readelf -dW build/velarda-sim | grep -E 'NEEDED.*(Qt|SDL)' >&2; then
     fail "The core is linked with a toolkit."

@@ -9,7 +9,7 @@
 #include "game/state.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/end_signals.h"
-#include "platform/qt/memory.h"
+#include "platform/sound/memory.h"
 
 namespace {
 
