@@ -36,7 +36,7 @@ Melody loadMelody(const fs::path& path) {
     const std::vector<unsigned char> file = readSoundFile(path);
     const std::optional<double> length = melodySeconds(file);
     if (!mixer || !length) return melody;
-    const fs::path font = findSoundFont(mixer->soundFonts());
+    const fs::path font = findSoundFont(mixer->soundFonts(), soundFontFolders());
     if (!font.empty()) mixer->setSoundFonts(font.string().c_str());
     melody.music = {mixer->loadMelody(opened(*mixer, file), MUS_MID, SDL_TRUE), mixer->freeMelody};
     melody.length = seconds(*length);

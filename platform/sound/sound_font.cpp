@@ -4,10 +4,15 @@
 #include "platform/sound/sound_font.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <string_view>
 #include <system_error>
-#include <vector>
+#include <tuple>
+
+#include "platform/sound/sound_font_file.h"
 
 namespace fs = std::filesystem;
 
@@ -36,18 +41,39 @@ void appendInstalled(Paths& fonts, const fs::path& folder) {
     fonts.insert(fonts.end(), found.begin(), found.end());
 }
 
+/// How much memory it takes, roughly. Compressed samples are unpacked when they are loaded.
+std::uintmax_t weight(const fs::path& font) {
+    constexpr std::uintmax_t unpacked = 8;
+    std::error_code error;
+    const bool isCompressed = fs::canonical(font, error).extension() == ".sf3";
+    return fs::file_size(font, error) * (isCompressed ? unpacked : 1);
+}
+
+/// Whole fonts only; the first of the list where several are equal.
+fs::path best(const Paths& fonts) {
+    const auto rank = [](const fs::path& font) {
+        const std::optional<SoundFontFile> known = readSoundFontFile(font);
+        const bool isIntended = font.filename() == "TimGM6mb.sf2";
+        const bool isPartial = !known || !known->hasAllInstruments;
+        return std::tuple(!known, !isIntended, isPartial, weight(font));
+    };
+    const auto found = std::ranges::min_element(fonts, {}, rank);
+    return found != fonts.end() && readSoundFontFile(*found) ? *found : fs::path();
+}
+
 }  // namespace
 
-fs::path findSoundFont(const char* listed) {
-    Paths fonts;
+Paths soundFontFolders() {
+    return {"/usr/share/sounds/sf2", "/usr/share/soundfonts", "/usr/share/sounds/sf3"};
+}
+
+fs::path findSoundFont(const char* listed, const Paths& folders) {
+    Paths chosen, installed;
     // NOLINTNEXTLINE(concurrency-mt-unsafe): the program sets no variables
-    appendListed(fonts, std::getenv("SDL_SOUNDFONTS"));
-    appendListed(fonts, listed);
-    for (const char* folder :
-         {"/usr/share/sounds/sf2", "/usr/share/soundfonts", "/usr/share/sounds/sf3"})
-        appendInstalled(fonts, folder);
-    std::error_code error;
-    for (const fs::path& font : fonts)
-        if (fs::is_regular_file(font, error)) return font;
-    return {};
+    appendListed(chosen, std::getenv("SDL_SOUNDFONTS"));
+    for (const fs::path& font : chosen)
+        if (readSoundFontFile(font)) return font;
+    appendListed(installed, listed);
+    for (const fs::path& folder : folders) appendInstalled(installed, folder);
+    return best(installed);
 }

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 
@@ -13,6 +15,7 @@
 #include "platform/sound/sound_font.h"
 #include "platform/sound/wave_file.h"
 #include "tests/sound/recording.h"
+#include "tests/sound/sound_bank.h"
 
 namespace fs = std::filesystem;
 
@@ -76,8 +79,70 @@ TEST_F(SoundFile, HasItsPathInUtf8) {
     EXPECT_EQ(findSoundFile(pathOf("Müsica ♪/CITTà.MID")).filename(), pathOf("città.mid"));
 }
 
-TEST_F(SoundFile, OfInstrumentsIsTheOneThatTheUserNames) {
-    EXPECT_EQ(findSoundFont("/nowhere/other.sf2").filename(), "bank.sf2");
+/// A folder of the system's, to which the user has added nothing.
+class SoundFont : public testing::Test {
+protected:
+    static constexpr BankContent all{.programs = 128, .drums = true};
+
+    SoundFont() {
+        unsetenv("SDL_SOUNDFONTS");  // NOLINT(concurrency-mt-unsafe): there is one thread
+        fs::create_directory("fonts");
+    }
+    static void install(const char* name, BankContent content, std::size_t silence) {
+        content.silence = silence;
+        put(fs::path("fonts") / name, soundBank(content));
+    }
+    static std::string found() { return findSoundFont(nullptr, {"fonts"}).filename().string(); }
+
+private:
+    Studio studio_;
+};
+
+TEST_F(SoundFont, IsTheOneThatTheMelodiesWereMadeFor) {
+    install("Small.sf2", all, 0);
+    install("TimGM6mb.sf2", all, 5000);
+    install("default-GM.sf2", all, 20'000);
+    EXPECT_EQ(found(), "TimGM6mb.sf2");
+}
+
+TEST_F(SoundFont, IsElseTheSmallestWithAllInstruments) {
+    install("Large.sf2", all, 20'000);
+    install("Medium.sf2", all, 5000);
+    install("Piano.sf2", {.programs = 1, .drums = true}, 0);
+    install("WithoutDrums.sf2", {.programs = 128}, 0);
+    EXPECT_EQ(found(), "Medium.sf2");
+}
+
+TEST_F(SoundFont, IsWeighedAsItIsWhenUnpacked) {
+    install("Packed.sf3", all, 0);
+    install("Plain.sf2", all, 5000);
+    EXPECT_EQ(found(), "Plain.sf2");
+}
+
+TEST_F(SoundFont, MayLackInstrumentsRatherThanBeMissing) {
+    EXPECT_EQ(found(), "");
+    install("Piano.sf2", {.programs = 1}, 0);
+    EXPECT_EQ(found(), "Piano.sf2");
+}
+
+TEST_F(SoundFont, IsPassedOverWhenItIsDamaged) {
+    const std::string whole = soundBank(all);
+    put("fonts/TimGM6mb.sf2", whole.substr(0, whole.size() - 1));
+    put("fonts/Empty.sf2", "");
+    put("fonts/Other.sf2", "RIFF" + std::string(100, '\0'));
+    fs::create_symlink("nowhere", "fonts/Gone.sf2");
+    EXPECT_EQ(found(), "");
+    install("Whole.sf2", all, 5000);
+    EXPECT_EQ(found(), "Whole.sf2");
+}
+
+TEST_F(SoundFont, IsTheFirstWholeOneThatTheUserNames) {
+    install("TimGM6mb.sf2", all, 0);
+    put("mine.sf2", soundBank());
+    setenv("SDL_SOUNDFONTS", "missing.sf2;mine.sf2", 1);  // NOLINT(concurrency-mt-unsafe)
+    EXPECT_EQ(found(), "mine.sf2");
+    setenv("SDL_SOUNDFONTS", "missing.sf2", 1);  // NOLINT(concurrency-mt-unsafe)
+    EXPECT_EQ(found(), "TimGM6mb.sf2");
 }
 
 }  // namespace
