@@ -148,4 +148,30 @@ TEST(Music, RunsInALoopFromHandToHandAndChangesAtOnce) {
     p.run();
 }
 
+TEST(Music, ThatFindsNoDeviceIsTriedAgainByTheNextHandAndTheNextChoice) {
+    Play p(1, "3,2,100");
+    MMControl& music = p.g.MMC1;
+    bool deviceIsThere = false;
+    p.look = [&] {
+        if (music.state == State::playing && !deviceIsThere) music.player->ended();
+    };
+    p.then(&Play::picking, [&] {
+        EXPECT_EQ(music.state, State::open) << "the first hand finds no device";
+        deviceIsThere = true;
+    });
+    p.then(&Play::secondHand, [&] {
+        EXPECT_EQ(music.state, State::playing) << "the second hand tries again";
+        deviceIsThere = false;
+    });
+    p.then(&Play::secondHand, [&] {
+        EXPECT_EQ(music.state, State::open) << "the device has been pulled out";
+        deviceIsThere = true;
+        p.menu(p.g.canzoni(3));
+    });
+    p.then(&Play::secondHand, [&] {
+        EXPECT_EQ(music.state, State::playing) << "the melody chosen again tries again";
+    });
+    p.run();
+}
+
 }  // namespace

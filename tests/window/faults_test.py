@@ -4,6 +4,7 @@
 """PROGRAM [TEST...]: the real program when things around it break; see docs/FAULTS.md."""
 
 import collections
+import contextlib
 import os
 import random
 import shutil
@@ -223,30 +224,45 @@ def clocks():
 
 
 def sounds():
-    """The sound server is killed, or hangs, under a melody; drivers that do not work."""
+    """The sound server is killed, or hangs, under a melody; it comes late, or comes again; drivers
+    that do not work."""
     if not shutil.which("pulseaudio"):
         sys.exit(77)  # the machine has another sound server
     with VirtualScreen() as screen:
         socket = Path(screen.environment["XDG_RUNTIME_DIR"]) / "sound"
         heard = {"SDL_AUDIODRIVER": "pulseaudio", "PULSE_SERVER": "unix:%s" % socket}
-        for fault in (signal.SIGKILL, signal.SIGSTOP):
-            server = subprocess.Popen(
+
+        @contextlib.contextmanager
+        def server():
+            process = subprocess.Popen(
                 [*TIED, "pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "-L",
                  "module-null-sink", "-L", "module-native-protocol-unix socket=%s" % socket],
                 env=screen.environment, stderr=subprocess.DEVNULL)
             try:
                 wait_until(socket.exists, "no sound server")
-                with Watched(screen, **heard) as game:
-                    game.choose("m", "Down", "Return")
-                    wait_until(lambda: subprocess.check_output(
-                        ["pactl", "list", "short", "sink-inputs"],
-                        env=screen.environment | heard), "no melody is heard")
-                    server.send_signal(fault)
-                    game.goes_on()
+                yield process
             finally:
-                server.kill()
-                server.wait()
+                process.kill()
+                process.wait()
                 socket.unlink(missing_ok=True)
+
+        def is_heard():
+            return subprocess.check_output(["pactl", "list", "short", "sink-inputs"],
+                                           env=screen.environment | heard)
+
+        for fault in (signal.SIGKILL, signal.SIGSTOP):
+            with server() as process, Watched(screen, **heard) as game:
+                game.choose("m", "Down", "Return")
+                wait_until(is_heard, "no melody is heard")
+                process.send_signal(fault)
+                game.goes_on()
+        with Watched(screen, **heard) as game:
+            for time_of_server in ("late", "another one"):
+                game.choose("m", "Down", "Return")  # as yet, or by now, there is none
+                with server():
+                    game.choose("m", "Down", "Return")
+                    wait_until(is_heard, "no melody on a server that came " + time_of_server)
+            game.goes_on()
         for driver in ("none", "nonsense", "pulseaudio"):
             with Watched(screen, **heard | {"SDL_AUDIODRIVER": driver}) as game:
                 game.choose("m", "Down", "Return")
