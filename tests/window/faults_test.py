@@ -227,7 +227,8 @@ def sounds():
     """The sound server is killed, or hangs, under a melody; it comes late, or comes again; drivers
     that do not work."""
     if not shutil.which("pulseaudio"):
-        sys.exit(77)  # the machine has another sound server
+        print("Skipped: there is no PulseAudio, and the machine's own sound server is left alone")
+        sys.exit(77)
     with VirtualScreen() as screen:
         socket = Path(screen.environment["XDG_RUNTIME_DIR"]) / "sound"
         heard = {"SDL_AUDIODRIVER": "pulseaudio", "PULSE_SERVER": "unix:%s" % socket}
