@@ -7,8 +7,8 @@
 
 #include "script.h"
 #include "state/cards.h"
-#include "tools/teaser.h"
 #include "tools/recorder.h"
+#include "tools/teaser.h"
 
 using namespace script;
 
