@@ -39,7 +39,7 @@ class VirtualScreen:
         self._folder = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
         self.environment = {k: v for k, v in os.environ.items() if not FOREIGN.match(k)} | {
             "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "xcb", "SDL_AUDIODRIVER": "dummy"}
-        for name in ("HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME"):
+        for name in ("HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"):
             self.environment[name] = self._folder.name
         reading, writing = os.pipe()
         with os.fdopen(reading) as number:
