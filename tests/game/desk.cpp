@@ -3,7 +3,6 @@
 
 #include "desk.h"
 
-#include <sstream>
 #include <utility>
 
 #include "game/computer.h"
@@ -13,21 +12,6 @@
 #include "table/painting.h"
 
 namespace {
-
-constexpr std::string_view suits = "dcbs";
-
-int idOf(const std::string& word) {
-    if (word == ".") return 0;
-    return 10 * static_cast<int>(suits.find(word.back())) + std::stoi(word);
-}
-
-Cards idsOf(std::string_view text, std::size_t places) {
-    Cards ids;
-    std::istringstream words{std::string(text)};
-    for (std::string word; words >> word;) ids.push_back(idOf(word));
-    ids.resize(places);
-    return ids;
-}
 
 Place placeOf(int number) {
     return tableOrder[static_cast<std::size_t>(number - 1)];
@@ -39,12 +23,7 @@ std::string notation(const Cards& ids) {
     std::string text;
     for (const int id : ids) {
         if (!text.empty()) text += ' ';
-        if (id == 0) {
-            text += '.';
-        } else {
-            text += std::to_string(cardValue(id));
-            text += suits[static_cast<std::size_t>(suitIndex(id) - 1)];
-        }
+        text += id == 0 ? "." : std::to_string(cardValue(id)) + " dcbs"[suitIndex(id)];
     }
     return text;
 }
@@ -61,24 +40,23 @@ Desk::Desk() {
     BackColor(g.frmscopa, tableColour);
 }
 
-void Desk::layTable(std::string_view text) {
-    for (int number = 0; const int id : idsOf(text, tablePlaces)) {
+void Desk::layTable(const Cards& ids) {
+    for (int number = 0; const int id : ids) {
         const Place place = placeOf(++number);
         g.tavolo(place.row, place.column) = id;
         if (id != 0) showCard(g, id, placeSpot(g, place));
     }
 }
 
-void Desk::giveHuman(std::string_view text) {
-    for (int slot = 0; const int id : idsOf(text, 3)) {
+void Desk::giveHuman(const Cards& ids) {
+    for (int slot = 0; const int id : ids) {
         g.mazzo(g.cimaMazzo + slot - 2) = id;
-        if (id != 0) showCard(g, id, handSpot(g, slot));
-        ++slot;
+        showCard(g, id, handSpot(g, slot++));
     }
 }
 
-void Desk::giveComputer(std::string_view text) {
-    for (int slot = 0; const int id : idsOf(text, 3)) {
+void Desk::giveComputer(const Cards& ids) {
+    for (int slot = 0; const int id : ids) {
         g.dorso(slot).Tag = std::to_string(id);
         moveTo(g.dorso(slot), computersSpot(g, slot));
         ++slot;
@@ -94,12 +72,8 @@ void Desk::beginMove(int player) {
     g.cartaGiocata = g.valoreGiocato = g.numeroPresa = g.sommaPresa = 0;
 }
 
-void Desk::pressCard(Spot card) {
+void Desk::press(Spot card) {
     pressAt(g, g.frmscopa, card.left + 31, card.top + 54, 1);
-}
-
-void Desk::pressPlace(int number) {
-    pressCard(placeSpot(g, placeOf(number)));
 }
 
 bool Desk::humanPlays(const std::vector<int>& places, std::vector<int> late) {
@@ -107,12 +81,12 @@ bool Desk::humanPlays(const std::vector<int>& places, std::vector<int> late) {
     auto next = places.begin();
     backend.time.user = [&](double until) {
         if (until == atOnce)
-            for (const int number : std::exchange(late, {})) pressPlace(number);
+            for (const int number : std::exchange(late, {})) press(placeSpot(g, placeOf(number)));
         if (until != never) return false;
         if (!std::exchange(picked, true)) {
-            pressCard(handSpot(g, 0));
+            press(handSpot(g, 0));
         } else if (next != places.end()) {
-            pressPlace(*next++);
+            press(placeSpot(g, placeOf(*next++)));
         }
         return !g.queue.empty();
     };
@@ -137,12 +111,8 @@ int Desk::framedSides(int id) const {
         const Image& card = g.carta(id);
         return Point(g.frmscopa, card.Left + across, card.Top + down) == 0x0000FF;
     };
-    int sides = 0;
-    if (isRed(3.5f, 54) && !isRed(2.5f, 54)) ++sides;
-    if (isRed(59.5f, 54) && !isRed(60.5f, 54)) ++sides;
-    if (isRed(31, 3.5f) && !isRed(31, 2.5f)) ++sides;
-    if (isRed(31, 105.5f) && !isRed(31, 106.5f)) ++sides;
-    return sides;
+    return (isRed(3.5f, 54) && !isRed(2.5f, 54)) + (isRed(59.5f, 54) && !isRed(60.5f, 54)) +
+           (isRed(31, 3.5f) && !isRed(31, 2.5f)) + (isRed(31, 105.5f) && !isRed(31, 106.5f));
 }
 
 Cards Desk::marked() const {

@@ -3,12 +3,11 @@
 
 #pragma once
 
-// What the tests of the rules share: card notation, and a table that is laid and played by hand.
+// What the tests of the rules share: a table that is laid and played by hand.
 
 #include <gtest/gtest.h>
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "game/event_table.h"
@@ -18,7 +17,7 @@
 
 using Cards = std::vector<int>;  ///< ids, 0 for none
 
-/// Cards with blanks between them: the value and the suit, d, c, b or s; "7d 1c". "." is none.
+/// Cards as messages tell them: the value and the suit, d, c, b or s; "7d 1c". "." is none.
 std::string notation(const Cards&);
 
 /// A game whose table and hands are laid by hand. Its cards are 62 by 108 units, so that every edge
@@ -30,10 +29,10 @@ public:
     Headless backend;
     Game g{backend, eventTable()};
 
-    // In the order of the places, in notation.
-    void layTable(std::string_view);
-    void giveHuman(std::string_view);
-    void giveComputer(std::string_view);
+    // In the order of the places.
+    void layTable(const Cards&);
+    void giveHuman(const Cards&);
+    void giveComputer(const Cards&);
 
     /// Draws k out of n next, before what was said earlier.
     void draw(int k, int n);
@@ -51,7 +50,6 @@ public:
 
 private:
     void beginMove(int player);
-    void pressCard(Spot);
-    void pressPlace(int number);
+    void press(Spot card);
     int framedSides(int id) const;
 };

@@ -45,11 +45,4 @@ TEST(Melody, RunsInALoopFromHandToHandAndChangesAtOnce) {
     program.run();
 }
 
-TEST(Melody, IsNoneByEntryZeroOfTheSettings) {
-    WholeProgram program(1, "0,2,100");
-    program.then("the choice of a card", &WholeProgram::picking,
-                 [&] { EXPECT_EQ(program.backend.melody, ""); });
-    program.run();
-}
-
 }  // namespace

@@ -3,6 +3,9 @@
 
 // What stands on the score sheet after each hand, and how hands and matches follow each other.
 
+#include <algorithm>
+
+#include "state/scoring.h"
 #include "whole_program.h"
 
 namespace {
@@ -22,65 +25,34 @@ Row figures(const Game& g) {
             number(g.scope(2))};
 }
 
-void expectBox(const Control& control, float left, float top, float width, float height) {
-    EXPECT_TRUE(control.Visible);
-    EXPECT_NEAR(control.Left, left, 0.01);
-    EXPECT_NEAR(control.Top, top, 0.01);
-    EXPECT_NEAR(control.Width, width, 0.01);
-    EXPECT_NEAR(control.Height, height, 0.01);
+using Box4 = std::array<float, 4>;  ///< left, top, width, height
+
+void expectLabel(const Label& label, const std::string& caption, Colour colour, Box4 box) {
+    SCOPED_TRACE(caption + ", label " + std::to_string(label.index));
+    EXPECT_TRUE(label.Visible);
+    EXPECT_EQ(label.Caption, caption);
+    EXPECT_EQ(label.ForeColor, colour);
+    EXPECT_EQ((Box4{label.Left, label.Top, label.Width, label.Height}), box);
 }
 
-constexpr float blockLeft[] = {20, 432}, blockWidth = 348;
-
-void expectHeadings(const Game& g) {
-    EXPECT_EQ(Point(g.frmscore, 400, 300), 0x0080FF) << "the sheet is orange";
-    expectBox(g.LBLtit, 20, 5, 760, 40);
-    expectBox(g.Command1, 125, 520, 150, 30);
-    expectBox(g.Command2, 525, 520, 150, 30);
-    const char* const players[] = {"Player", "Computer"};
-    for (int i = 0; i <= 1; ++i) {
-        const Label& player = g.LBLdat(i + 1);
-        EXPECT_EQ(player.Caption, players[i]);
-        EXPECT_EQ(player.ForeColor, 0x000080) << players[i];
-        expectBox(player, blockLeft[i], 45, blockWidth, 30);
-    }
-    EXPECT_FALSE(g.LBLdat(0).Visible) << "the template";
-}
+constexpr Colour darkRed = 0x000080, brightRed = 0x0000FF;
+constexpr float blockLeft[] = {20, 432};
 
 /// A row of ten small labels, the first of which has this index.
 void expectRow(const Game& g, int index, float top, const Row& captions) {
     for (std::size_t k = 0; k < 10; ++k, ++index) {
-        SCOPED_TRACE("label " + std::to_string(index));
-        ASSERT_TRUE(g.LBLdat.loaded(index));
-        const Label& label = g.LBLdat(index);
-        EXPECT_EQ(label.Caption, captions[k]);
-        EXPECT_EQ(label.FontSize, 8);
-        EXPECT_EQ(label.ForeColor, 0x000080);
-        expectBox(label, blockLeft[k / 5] + 70 * static_cast<float>(k % 5), top, 67.8f, 15);
+        ASSERT_TRUE(g.LBLdat.loaded(index)) << "label " << index;
+        const float left = blockLeft[k / 5] + 70 * static_cast<float>(k % 5);
+        expectLabel(g.LBLdat(index), captions[k], darkRed, {left, top, 67.8f, 15});
+        EXPECT_EQ(g.LBLdat(index).FontSize, 8);
     }
 }
 
-/// The leader's total is red and underlined. Both stand under the last row.
-void expectTotal(const Game& g, int block, int total, int other, float top) {
-    const Label& label = g.lblTot(block);
-    SCOPED_TRACE("total " + std::to_string(block));
-    EXPECT_EQ(label.Caption, number(total));
-    EXPECT_EQ(label.ForeColor, total > other ? 0x0000FF : 0x000080);
-    EXPECT_EQ(label.underlined, total > other);
-    expectBox(label, blockLeft[block], top, blockWidth, label.Height);
-    EXPECT_LE(pixelsOf(label, g.frmscore.grid).bottom, g.Command1.Top);
-}
-
-/// The card that a player counts in a suit, by its place in the order of the primiera.
 void expectPrimieraCards(const Game& g) {
-    const int values[] = {0, 7, 6, 1, 5, 4, 3, 2, 8, 9, 10, 0};
     for (int i = 0; i < 8; ++i) {
-        SCOPED_TRACE("primiera card " + std::to_string(i + 1));
         const Image& image = g.imgset(i + 1);
-        const int value = values[g.primieraCarte(i / 4 + 1, i % 4 + 1)];
-        EXPECT_EQ(image.Visible, value != 0);
-        if (value == 0) continue;
-        EXPECT_EQ(image.picture, 10 * (i % 4) + value);
+        EXPECT_EQ(image.Visible ? image.picture : 0,
+                  frmscopa::primieraCard(g, i / 4 + 1, i % 4 + 1));
         EXPECT_EQ(image.Left, static_cast<float>((i < 4 ? 50 : 350) + 50 * i));
         EXPECT_EQ(image.Top, 5);
     }
@@ -88,12 +60,13 @@ void expectPrimieraCards(const Game& g) {
 
 /// The whole sheet after a hand, with these rows; twenty have room.
 void expectSheet(const Game& g, const std::vector<Row>& rows) {
-    expectHeadings(g);
+    expectLabel(g.LBLtit, "SCORE", darkRed, {20, 5, 760, 40});
+    expectLabel(g.LBLdat(1), "Player", darkRed, {20, 45, 348, 30});
+    expectLabel(g.LBLdat(2), "Computer", darkRed, {432, 45, 348, 30});
     expectPrimieraCards(g);
-    const char* const titles[] = {"Carte", "Denari", "Primiera", "Settebello", "Scope"};
-    Row bothTitles(titles, titles + 5);
-    bothTitles.insert(bothTitles.end(), titles, titles + 5);
-    expectRow(g, 3, 75, bothTitles);
+    expectRow(g, 3, 75,
+              {"Carte", "Denari", "Primiera", "Settebello", "Scope",  //
+               "Carte", "Denari", "Primiera", "Settebello", "Scope"});
     float top = 91;
     int next = 13;
     for (const Row& row : rows) {
@@ -102,88 +75,79 @@ void expectSheet(const Game& g, const std::vector<Row>& rows) {
         next += 10;
     }
     EXPECT_FALSE(g.LBLdat.loaded(next)) << "a row too many";
-    expectTotal(g, 0, g.totaleUmano, g.totaleComputer, top - 4);
-    expectTotal(g, 1, g.totaleComputer, g.totaleUmano, top - 4);
+    const int totals[] = {g.totaleUmano, g.totaleComputer}, mark[] = {0, 11, 21};
+    const bool over = totals[0] != totals[1] && std::ranges::max(totals) >= mark[g.tipoPartita];
+    EXPECT_EQ(g.Command1.Caption, over ? "NEW GAME" : "CONTINUE");
+    for (int i = 0; i <= 1; ++i) {
+        const bool leads = totals[i] > totals[1 - i];
+        expectLabel(g.lblTot(i), number(totals[i]), leads ? brightRed : darkRed,
+                    {blockLeft[i], top - 4, 348, 0});
+        EXPECT_EQ(g.lblTot(i).underlined, leads);
+        EXPECT_LE(pixelsOf(g.lblTot(i), g.frmscore.grid).bottom, 520) << "clear of the buttons";
+    }
 }
 
-TEST(ScoreSheet, GetsARowForEachHandAndHasRoomForAll) {
+struct Sheets : testing::Test {
+    /// Lets the hands of one match or of several bring these points, and compares each sheet. A
+    /// match is over after the hand of this number.
+    void expectSheets(std::vector<std::pair<int, int>> points, std::size_t lastOfMatch) {
+        program.watch = [this, points = std::move(points), lastOfMatch](Moment moment) {
+            const auto hand = static_cast<std::size_t>(program.seen(Moment::leftovers));
+            if (moment == Moment::leftovers)
+                forceHand(g, points.at(hand - 1).first, points.at(hand - 1).second);
+            if (moment != Moment::scored) return;
+            if (g.tipoPartita == 0 || hand == lastOfMatch + 1) rows.clear();
+            if (rows.size() == 20) rows.erase(rows.begin());
+            rows.push_back(figures(g));
+            expectSheet(g, rows);
+        };
+    }
     WholeProgram program;
     Game& g = program.g;
-    program.robot.tipoPartita = 2;
     std::vector<Row> rows;
-    program.watch = [&](Moment moment) {
-        // One is ahead, then the other; then the match is drawn again and again.
-        const int hand = program.seen(Moment::leftovers) - 1;
-        const int ours[] = {5, 5, 7}, theirs[] = {4, 7, 6};
-        if (moment == Moment::leftovers)
-            forceHand(g, hand < 3 ? ours[hand] : 4 + hand, hand < 3 ? theirs[hand] : 4 + hand);
-        if (moment != Moment::scored) return;
-        if (rows.size() == 20) rows.erase(rows.begin());
-        rows.push_back(figures(g));
-        expectSheet(g, rows);
-    };
+};
+
+TEST_F(Sheets, HaveARowForEachHandAndRoomForAll) {
+    // One is ahead, then the other; then the match is drawn again and again.
+    std::vector<std::pair<int, int>> points{{5, 4}, {5, 7}, {7, 6}};
+    for (int hand = 3; hand < 27; ++hand) points.emplace_back(4 + hand, 4 + hand);
+    expectSheets(points, 27);
+    program.robot.tipoPartita = 2;
     program.runHands(27);
 }
 
-TEST(ScoreSheet, HasOneRowInSingleGamesAndIsWipedAfterAMatch) {
-    WholeProgram program;
-    Game& g = program.g;
+TEST_F(Sheets, HaveOneRowInASingleGame) {
+    expectSheets({{4, 4}, {5, 4}, {4, 4}}, 2);
+    program.runHands(3);
+}
+
+/// Each button is pressed twice at once, and those of the other form now and then.
+TEST_F(Sheets, FollowEachOtherAndBeginAfreshInTheNextMatch) {
+    expectSheets({{4, 4}, {12, 4}, {5, 4}}, 2);
     program.backend.wipeSeconds = 1;
     program.backend.frameSeconds = 1 / 64.0;
-    program.watch = [&](Moment moment) {
-        const int hand = program.seen(Moment::leftovers);
-        // A drawn hand first, which is played again.
-        if (moment == Moment::leftovers && hand < 3) forceHand(g, 3 + hand, 4);
-        if (moment == Moment::scored) expectSheet(g, {figures(g)});
-    };
     int wiped = 0;
     program.look = [&] {
         if (Point(g.frmscore, 5, 5) != 0xFF0000) return;
         for (const Control* control : g.frmscore.controls) EXPECT_FALSE(control->Visible);
         ++wiped;
     };
-    program.then("the second sheet",
-                 [](auto& now) { return now.scoreShown() && now.seen(Moment::scored) == 2; });
-    program.then("the next opening screen", &WholeProgram::choosing, [&] {
-        EXPECT_GT(wiped, 30) << "the wipe is to be seen";
-        EXPECT_FALSE(g.frmscore.Visible);
-    });
-    program.runHands(3);
-}
-
-/// Each button is pressed twice at once, and those of the other form now and then.
-TEST(Matches, FollowEachOtherAndBeginAfresh) {
-    WholeProgram program;
-    Game& g = program.g;
-    std::vector<Row> rows;
-    program.watch = [&](Moment moment) {
-        const int hand = program.seen(Moment::leftovers);
-        const int points[] = {0, 4, 12, 5};
-        if (moment == Moment::leftovers) forceHand(g, points[hand], 4);
-        if (moment != Moment::scored) return;
-        if (hand == 3) rows.clear();
-        rows.push_back(figures(g));
-        expectSheet(g, rows);
-    };
-    const auto press = [&](std::initializer_list<Control*> controls) {
-        return [&, all = std::vector(controls)] {
-            for (Control* control : all) program.press({control});
-        };
-    };
+    const auto twice = program.presses({&g.Command1, &g.Command1});
     program.then("the opening screen", &WholeProgram::choosing,
-                 press({&g.Option1(2), &g.Option1(1), &g.GO, &g.GO}));
-    program.then("the first hand", &WholeProgram::picking, press({&g.GO}));
-    program.then("the first sheet", &WholeProgram::scoreShown, press({&g.Command1, &g.Command1}));
-    program.then("the second hand", &WholeProgram::picking, press({&g.Command1}));
-    program.then("the second sheet", &WholeProgram::scoreShown, press({&g.Command1, &g.Command1}));
-    program.then("the next title", &WholeProgram::titleShows);
-    program.then("the next opening screen", &WholeProgram::choosing, press({&g.GO, &g.GO}));
+                 program.presses({&g.Option1(2), &g.Option1(1), &g.GO, &g.GO}));
+    program.then("the first hand", &WholeProgram::picking, program.presses({&g.GO}));
+    program.then("the first sheet", &WholeProgram::scoreShown, twice);
+    program.then("the second hand", &WholeProgram::picking, program.presses({&g.Command1}));
+    program.then("the second sheet", &WholeProgram::scoreShown, twice);
+    program.then("the next title", &WholeProgram::titleShows,
+                 [&] { EXPECT_GT(wiped, 30) << "the wipe of the sheet is to be seen"; });
+    program.then("the next opening screen", &WholeProgram::choosing,
+                 program.presses({&g.GO, &g.GO}));
     program.then("the third sheet", &WholeProgram::scoreShown);
     program.run();
     EXPECT_EQ(program.seen(Moment::turn), 108) << "three hands";
     EXPECT_EQ(g.tipoPartita, 1) << "the last click counts, in later matches too";
-    EXPECT_TRUE(g.Option1(1).Value);
-    EXPECT_FALSE(g.Option1(2).Value);
+    EXPECT_EQ(Point(g.frmscore, 5, 5), 0x0080FF) << "the sheet is orange again";
     EXPECT_EQ(g.totaleUmano, 5) << "the points of the match before are gone";
     EXPECT_EQ(g.totaleComputer, 4);
 }

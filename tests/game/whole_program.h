@@ -21,7 +21,6 @@
 class WholeProgram;
 using When = std::function<bool(const WholeProgram&)>;
 using What = std::function<void()>;
-inline void nothing() {}
 
 /// One run of the program. In each wait the steps come first, in their order, each once; where
 /// they leave the queue empty, the robot plays on. The run ends with the last step, or at the next
@@ -33,12 +32,12 @@ public:
     Headless backend;
     Game g{backend, eventTable()};
     Robot robot;
-    bool robotPlays = true;
-    What look = nothing;  ///< called first in each wait; may queue something
+    What look = [] {};  ///< called first in each wait; may queue something
     std::function<void(Moment)> watch = [](Moment) {};
 
     /// Does `what` in the first wait from here on in which `when` holds; `awaited` names it.
-    void then(std::string awaited, When when, What what = nothing) {
+    void then(
+        std::string awaited, When when, What what = [] {}) {
         steps_.push_back({std::move(awaited), std::move(when), std::move(what)});
     }
     /// Runs the program. Fails the test, and names what was awaited, where a step does not come in
@@ -52,10 +51,8 @@ public:
     bool titleShows() const { return g.Picture4.Visible; }
     bool choosing() const { return g.GO.Visible; }
     bool picking() const { return g.fase == "gioco1" && g.cartaGiocata == 0; }
-    bool selecting() const { return g.fase == "selezione" && until == never; }
     bool scoreShown() const { return moment == Moment::scored && g.front == &g.frmscore; }
     bool secondHand() const { return seen(Moment::dealt) == 2; }
-
     bool started() const { return seen(Moment::dealt) > 0; }
     Moment moment{};  ///< the last one seen, once started
     int turnOf = 0;   ///< the player of the last Moment::turn
@@ -64,8 +61,10 @@ public:
 
     // What the user may do; it is queued.
     void menu(const MenuEntry& e) { g.queue.push_back({e.source, Verb::Click, e.index}); }
-    void press(std::initializer_list<Control*> controls) {  ///< of the form in front
-        for (Control* control : controls) clickOn(g, *g.front, *control);
+    What presses(std::vector<Control*> controls) {  ///< of the form in front
+        return [this, controls] {
+            for (Control* control : controls) clickOn(g, *g.front, *control);
+        };
     }
 
 private:

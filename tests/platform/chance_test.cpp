@@ -1,13 +1,12 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
+#include "platform/chance.h"
+
 #include <gtest/gtest.h>
 
-#include "platform/chance.h"
 #include "platform/events.h"
 #include "platform/headless/headless.h"
-
-namespace {
 
 /// One draw in sixteen million lies so near to 1 that four times as much plus 1 is 5 in single
 /// precision; a card was once laid on a fifth column that way.
@@ -19,5 +18,3 @@ TEST(RandomBelow, StaysBelowItsBoundAtTheHighestDraw) {
         EXPECT_EQ(randomBelow(runtime, bound), bound - 1);
     }
 }
-
-}  // namespace

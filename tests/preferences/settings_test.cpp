@@ -14,11 +14,10 @@
 namespace {
 
 void expectRead(const std::string& text, int brano, int velocita, float scala) {
-    SCOPED_TRACE("read from " + testing::PrintToString(text));
     const SettingsFile read = parseSettings(text);
-    EXPECT_EQ(read.brano, brano);
-    EXPECT_EQ(read.velocita, velocita);
-    EXPECT_EQ(read.scala, scala);
+    EXPECT_EQ(read.brano, brano) << testing::PrintToString(text);
+    EXPECT_EQ(read.velocita, velocita) << testing::PrintToString(text);
+    EXPECT_EQ(read.scala, scala) << testing::PrintToString(text);
 }
 
 TEST(SettingsFile, PartsItsNumbersByCommasBlanksAndLineEnds) {

@@ -6,19 +6,6 @@
 #include "platform/events.h"
 #include "platform/headless/headless.h"
 
-namespace {
-
-TEST(VirtualTime, PassesInWaitsAlone) {
-    Headless backend;
-    const auto melody = backend.player(DeviceType::Sequencer);
-    melody->open("any");
-    melody->play(0);
-    backend.wait(backend.melodySeconds / 2);
-    EXPECT_EQ(melody->position(), melody->length() / 2) << "half of the melody has been heard";
-    backend.wait(backend.melodySeconds);
-    EXPECT_EQ(melody->position(), melody->length()) << "it has been heard to its end";
-}
-
 TEST(VirtualTime, DoesNotWaitInVain) {
     Headless backend;
     EXPECT_THROW(backend.wait(never), ScriptRanOut) << "there is nobody to wait for";
@@ -27,5 +14,3 @@ TEST(VirtualTime, DoesNotWaitInVain) {
     };
     EXPECT_THROW(waitOnAndOn(), ScriptRanOut) << "nobody has done anything for very long";
 }
-
-}  // namespace
