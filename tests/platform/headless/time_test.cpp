@@ -13,4 +13,6 @@ TEST(VirtualTime, DoesNotWaitInVain) {
         for (int second = 1; second < 100000; ++second) backend.wait(second);
     };
     EXPECT_THROW(waitOnAndOn(), ScriptRanOut) << "nobody has done anything for very long";
+    backend.time.user = [](double) { return true; };
+    EXPECT_THROW(waitOnAndOn(), ScriptRanOut) << "what the user does has no effect";
 }
