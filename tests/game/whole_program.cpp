@@ -7,8 +7,6 @@
 
 namespace {
 
-/// More than any animation takes, and few enough to be over in a moment.
-constexpr int mostIdleWaits = 20000;
 constexpr int mostHands = 60;
 
 }  // namespace
@@ -20,14 +18,10 @@ WholeProgram::WholeProgram(std::uint64_t seed, std::string settings)
 }
 
 bool WholeProgram::act() {
-    if (++idle_ > mostIdleWaits) throw EndProgram{};
     const std::size_t queued = g.queue.size();
     look();
     if (g.queue.size() > queued) return true;
-    if (next_ < steps_.size() && steps_[next_].when(*this)) {
-        idle_ = 0;
-        steps_[next_++].what();
-    }
+    if (next_ < steps_.size() && steps_[next_].when(*this)) steps_[next_++].what();
     if (g.queue.size() > queued) return true;
     if (next_ == steps_.size()) throw EndProgram{};
     return robot.act(until);
@@ -35,7 +29,6 @@ bool WholeProgram::act() {
 
 void WholeProgram::see(Moment current) {
     moment = current;
-    idle_ = 0;
     ++seen_[current];
     if (current == Moment::turn) turnOf = g.giocatore;
     watch(current);

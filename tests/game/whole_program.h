@@ -78,7 +78,6 @@ private:
 
     std::vector<Step> steps_;
     std::size_t next_ = 0;
-    int idle_ = 0;  ///< waits since the last moment or step
     std::map<Moment, int> seen_;
 };
 
