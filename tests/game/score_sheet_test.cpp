@@ -108,8 +108,8 @@ struct Sheets : testing::Test {
 };
 
 TEST_F(Sheets, HaveARowForEachHandAndRoomForAll) {
-    // One is ahead, then the other; then the match is drawn again and again.
-    std::vector<std::pair<int, int>> points{{5, 4}, {5, 7}, {7, 6}};
+    // One has everything, then the other; then the match is drawn again and again.
+    std::vector<std::pair<int, int>> points{{5, 1}, {0, 6}, {6, 4}};
     for (int hand = 3; hand < 27; ++hand) points.emplace_back(4 + hand, 4 + hand);
     expectSheets(points, 27);
     program.robot.tipoPartita = 2;

@@ -131,13 +131,14 @@ TEST(Screen, ShowsWhatBelongsToEachMoment) {
     Game& g = program.g;
     std::map<std::string, int> seen;
     program.look = [&] {
+        if (HasFailure()) return;  // One telling is enough.
         ++seen[expectLook(program)];
-        if (testing::Test::HasFailure()) throw EndProgram{};
         if (!program.scoreShown()) return;
         Move(g.Picture2, 5, 5);  // Whatever was in the way, a hand begins in order.
         g.Picture2.Visible = true;
     };
     program.runHands(20);
+    if (HasFailure()) return;
     for (const Look& look : looks) EXPECT_GT(seen[look.moment], 0) << look.moment << " never came";
     EXPECT_EQ(seen.size(), looks.size()) << "there is a wait at no named moment";
 }
