@@ -18,8 +18,8 @@ constexpr std::uint64_t seed = 6;
 
 /// Ends the program in one of its waits; false when it comes to the second title before.
 bool endsIn(int wait) {
-    const auto& [way, event] = ways[static_cast<std::size_t>(wait) % ways.size()];
-    SCOPED_TRACE(way + " in wait " + std::to_string(wait));
+    const auto& way = ways[static_cast<std::size_t>(wait) % ways.size()];
+    SCOPED_TRACE(way.first + " in wait " + std::to_string(wait));
     WholeProgram program(seed);
     int waits = 0;
     double ended = -1;
@@ -30,7 +30,7 @@ bool endsIn(int wait) {
         "the end", [&](auto& now) { return ++waits == wait || isOver(now); },
         [&] {
             if (waits != wait) return;
-            program.g.queue.push_back(event);
+            program.g.queue.push_back(way.second);
             program.menu(program.g.velocità_gioco(3));  // comes too late
             ended = program.now();
         });

@@ -61,7 +61,7 @@ public:
 
     // What the user may do; it is queued.
     void menu(const MenuEntry& e) { g.queue.push_back({e.source, Verb::Click, e.index}); }
-    What presses(std::vector<Control*> controls) {  ///< of the form in front
+    What presses(const std::vector<Control*>& controls) {  ///< of the form in front
         return [this, controls] {
             for (Control* control : controls) clickOn(g, *g.front, *control);
         };
