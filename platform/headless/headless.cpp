@@ -11,6 +11,8 @@ namespace {
 
 /// Enough for the longest animation, during which the user may be asked at every tick.
 constexpr int mostIdleWaits = 10000;
+/// Whatever the user does, a game that goes on takes time.
+constexpr int mostActsAtOnce = 10000;
 
 /// A player that keeps the virtual time and makes no sound.
 class SilentPlayer : public Player {
@@ -51,11 +53,13 @@ private:
 void VirtualTime::pass(double until) {
     if (user && user(until)) {
         idle_ = 0;
+        if (++actsAtOnce_ > mostActsAtOnce) throw ScriptRanOut{};
         return;
     }
     if (std::isinf(until)) throw ScriptRanOut{};
     if (until <= now) return;
     now = until;
+    actsAtOnce_ = 0;
     if (++idle_ > mostIdleWaits) throw ScriptRanOut{};
 }
 

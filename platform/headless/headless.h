@@ -23,11 +23,12 @@ struct VirtualTime {
     /// through the real hit test, and says whether it did.
     std::function<bool(double until)> user;
 
-    /// Throws ScriptRanOut when the user lets too many waits for him pass in a row.
+    /// Throws ScriptRanOut when the user lets too many waits for him pass in a row, or acts again
+    /// and again and no time passes.
     void pass(double until);
 
 private:
-    int idle_ = 0;
+    int idle_ = 0, actsAtOnce_ = 0;
 };
 
 /// A backend without a window.

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <new>
 
-#include "script.h"
+#include "whole_program.h"
 
 namespace {
 
@@ -28,15 +28,15 @@ long allocations = 0;
 }
 
 TEST(Moves, AllocateNothing) {
-    script::Play p(3);
+    WholeProgram program(3);
     long before = 0, inMoves = 0;
-    p.watch = [&](Moment now) {
+    program.watch = [&](Moment now) {
         if (now == Moment::turn) before = allocations;
         // The first hands have grown every list.
-        if (now == Moment::carriedOut && p.seen(Moment::scored) >= 20)
+        if (now == Moment::carriedOut && program.seen(Moment::scored) >= 20)
             inMoves += allocations - before;
     };
-    p.runHands(60);
+    program.runHands(60);
     EXPECT_GT(allocations, 0);
     EXPECT_EQ(inMoves, 0);
 }

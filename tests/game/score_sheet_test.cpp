@@ -1,11 +1,12 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-// What stands on the score sheet after each hand, and where.
+// What stands on the score sheet after each hand, and how hands and matches follow each other.
 
-#include "script.h"
+#include <algorithm>
 
-using namespace script;
+#include "state/scoring.h"
+#include "whole_program.h"
 
 namespace {
 
@@ -24,73 +25,131 @@ Row figures(const Game& g) {
             number(g.scope(2))};
 }
 
+using Box4 = std::array<float, 4>;  ///< left, top, width, height
+
+void expectLabel(const Label& label, const std::string& caption, Colour colour, Box4 box) {
+    SCOPED_TRACE(caption + ", label " + std::to_string(label.index));
+    EXPECT_TRUE(label.Visible);
+    EXPECT_EQ(label.Caption, caption);
+    EXPECT_EQ(label.ForeColor, colour);
+    EXPECT_EQ((Box4{label.Left, label.Top, label.Width, label.Height}), box);
+}
+
+constexpr Colour darkRed = 0x000080, brightRed = 0x0000FF;
+constexpr float blockLeft[] = {20, 432};
+
+/// A row of ten small labels, the first of which has this index.
+void expectRow(const Game& g, int index, float top, const Row& captions) {
+    for (std::size_t k = 0; k < 10; ++k, ++index) {
+        ASSERT_TRUE(g.LBLdat.loaded(index)) << "label " << index;
+        const float left = blockLeft[k / 5] + 70 * static_cast<float>(k % 5);
+        expectLabel(g.LBLdat(index), captions[k], darkRed, {left, top, 67.8f, 15});
+        EXPECT_EQ(g.LBLdat(index).FontSize, 8);
+    }
+}
+
+void expectPrimieraCards(const Game& g) {
+    for (int i = 0; i < 8; ++i) {
+        const Image& image = g.imgset(i + 1);
+        EXPECT_EQ(image.Visible ? image.picture : 0,
+                  frmscopa::primieraCard(g, i / 4 + 1, i % 4 + 1));
+        EXPECT_EQ(image.Left, static_cast<float>((i < 4 ? 50 : 350) + 50 * i));
+        EXPECT_EQ(image.Top, 5);
+    }
+}
+
 /// The whole sheet after a hand, with these rows; twenty have room.
 void expectSheet(const Game& g, const std::vector<Row>& rows) {
-    constexpr float blockLeft[] = {20, 432};
-    EXPECT_EQ(g.LBLdat(3).Caption + g.LBLdat(12).Caption, "CarteScope");
+    expectLabel(g.LBLtit, "SCORE", darkRed, {20, 5, 760, 40});
+    expectLabel(g.LBLdat(1), "Player", darkRed, {20, 45, 348, 30});
+    expectLabel(g.LBLdat(2), "Computer", darkRed, {432, 45, 348, 30});
+    expectPrimieraCards(g);
+    expectRow(g, 3, 75,
+              {"Carte", "Denari", "Primiera", "Settebello", "Scope",  //
+               "Carte", "Denari", "Primiera", "Settebello", "Scope"});
     float top = 91;
     int next = 13;
     for (const Row& row : rows) {
-        for (std::size_t k = 0; k < 10; ++k, ++next) {
-            ASSERT_TRUE(g.LBLdat.loaded(next));
-            const Label& label = g.LBLdat(next);
-            EXPECT_EQ(label.Caption, row[k]) << next;
-            expectPlace(label, blockLeft[k / 5] + 70 * static_cast<float>(k % 5), top);
-            EXPECT_TRUE(label.Visible && label.FontSize == 8);
-        }
+        expectRow(g, next, top, row);
         top += 20;
+        next += 10;
     }
-    EXPECT_FALSE(g.LBLdat.loaded(next));
-    const int totals[] = {g.totaleUmano, g.totaleComputer};
+    EXPECT_FALSE(g.LBLdat.loaded(next)) << "a row too many";
+    const int totals[] = {g.totaleUmano, g.totaleComputer}, mark[] = {0, 11, 21};
+    const bool over = totals[0] != totals[1] && std::ranges::max(totals) >= mark[g.tipoPartita];
+    EXPECT_EQ(g.Command1.Caption, over ? "NEW GAME" : "CONTINUE");
     for (int i = 0; i <= 1; ++i) {
-        const Label& total = g.lblTot(i);
-        EXPECT_EQ(total.Caption, number(totals[i]));
-        EXPECT_EQ(total.ForeColor, totals[i] > totals[1 - i] ? 0x0000FF : 0x000080);
-        expectPlace(total, blockLeft[i], top - 4);
-        EXPECT_LE(pixelsOf(total, g.frmscore.grid).bottom, g.Command1.Top);
+        const bool leads = totals[i] > totals[1 - i];
+        expectLabel(g.lblTot(i), number(totals[i]), leads ? brightRed : darkRed,
+                    {blockLeft[i], top - 4, 348, 0});
+        EXPECT_EQ(g.lblTot(i).underlined, leads);
+        EXPECT_LE(pixelsOf(g.lblTot(i), g.frmscore.grid).bottom, 520) << "clear of the buttons";
     }
 }
 
-TEST(ScoreSheet, GetsARowForEachHandAndHasRoomForAll) {
-    Play p;
-    p.robot.tipoPartita = 2;
+struct Sheets : testing::Test {
+    /// Lets the hands of one match or of several bring these points, and compares each sheet. A
+    /// match is over after the hand of this number.
+    void expectSheets(std::vector<std::pair<int, int>> points, std::size_t lastOfMatch) {
+        program.watch = [this, points = std::move(points), lastOfMatch](Moment moment) {
+            const auto hand = static_cast<std::size_t>(program.seen(Moment::leftovers));
+            if (moment == Moment::leftovers)
+                forceHand(g, points.at(hand - 1).first, points.at(hand - 1).second);
+            if (moment != Moment::scored) return;
+            if (g.tipoPartita == 0 || hand == lastOfMatch + 1) rows.clear();
+            if (rows.size() == 20) rows.erase(rows.begin());
+            rows.push_back(figures(g));
+            expectSheet(g, rows);
+        };
+    }
+    WholeProgram program;
+    Game& g = program.g;
     std::vector<Row> rows;
-    p.watch = [&](Moment moment) {
-        // One is ahead, then the other; then the match is drawn again and again.
-        const int hand = p.seen(Moment::leftovers) - 1;
-        if (moment == Moment::leftovers)
-            forceHand(p.g, 4 + hand + (hand == 0 || hand == 2), 4 + hand + 2 * (hand == 1));
-        if (moment != Moment::scored) return;
-        if (rows.size() == 20) rows.erase(rows.begin());
-        rows.push_back(figures(p.g));
-        expectSheet(p.g, rows);
-    };
-    p.runHands(27);
+};
+
+TEST_F(Sheets, HaveARowForEachHandAndRoomForAll) {
+    // One has everything, then the other; then the match is drawn again and again.
+    std::vector<std::pair<int, int>> points{{5, 1}, {0, 6}, {6, 4}};
+    for (int hand = 3; hand < 27; ++hand) points.emplace_back(4 + hand, 4 + hand);
+    expectSheets(points, 27);
+    program.robot.tipoPartita = 2;
+    program.runHands(27);
 }
 
-TEST(ScoreSheet, HasOneRowInSingleGamesAndIsFreshAfterAMatch) {
-    Play p;
-    p.backend.wipeSeconds = 1;
-    p.backend.frameSeconds = 1 / 64.0;
-    p.watch = [&](Moment moment) {
-        // A drawn hand first, which is played again.
-        if (moment == Moment::leftovers && p.seen(moment) < 3)
-            forceHand(p.g, 3 + p.seen(moment), 4);
-        if (moment == Moment::scored) expectSheet(p.g, {figures(p.g)});
-    };
+TEST_F(Sheets, HaveOneRowInASingleGame) {
+    expectSheets({{4, 4}, {5, 4}, {4, 4}}, 2);
+    program.runHands(3);
+}
+
+/// Each button is pressed twice at once, and those of the other form now and then.
+TEST_F(Sheets, FollowEachOtherAndBeginAfreshInTheNextMatch) {
+    expectSheets({{4, 4}, {12, 4}, {5, 4}}, 2);
+    program.backend.wipeSeconds = 1;
+    program.backend.frameSeconds = 1 / 64.0;
     int wiped = 0;
-    p.look = [&] {
-        if (Point(p.g.frmscore, 5, 5) != 0xFF0000) return;
-        for (const Control* control : p.g.frmscore.controls) EXPECT_FALSE(control->Visible);
+    program.look = [&] {
+        if (Point(g.frmscore, 5, 5) != 0xFF0000) return;
+        for (const Control* control : g.frmscore.controls) EXPECT_FALSE(control->Visible);
         ++wiped;
     };
-    p.then(&Play::scoreShownAgain);
-    p.then(&Play::choosing, [&] {
-        EXPECT_GT(wiped, 30) << "the wipe is to be seen";
-        EXPECT_FALSE(p.g.frmscore.Visible || p.g.LBLtit.Visible);
-        EXPECT_EQ(Point(p.g.frmscore, 5, 5), 0x0080FF);
-    });
-    p.runHands(3);
+    const auto twice = program.presses({&g.Command1, &g.Command1});
+    program.then("the opening screen", &WholeProgram::choosing,
+                 program.presses({&g.Option1(2), &g.Option1(1), &g.GO, &g.GO}));
+    program.then("the first hand", &WholeProgram::picking, program.presses({&g.GO}));
+    program.then("the first sheet", &WholeProgram::scoreShown, twice);
+    program.then("the second hand", &WholeProgram::picking, program.presses({&g.Command1}));
+    program.then("the second sheet", &WholeProgram::scoreShown, twice);
+    program.then("the next title", &WholeProgram::titleShows,
+                 [&] { EXPECT_GT(wiped, 30) << "the wipe of the sheet is to be seen"; });
+    program.then("the next opening screen", &WholeProgram::choosing,
+                 program.presses({&g.GO, &g.GO}));
+    program.then("the third sheet", &WholeProgram::scoreShown);
+    program.run();
+    EXPECT_EQ(program.seen(Moment::turn), 108) << "three hands";
+    EXPECT_EQ(g.tipoPartita, 1) << "the last click counts, in later matches too";
+    EXPECT_EQ(Point(g.frmscore, 5, 5), 0x0080FF) << "the sheet is orange again";
+    EXPECT_EQ(g.totaleUmano, 5) << "the points of the match before are gone";
+    EXPECT_EQ(g.totaleComputer, 4);
 }
 
 }  // namespace

@@ -11,10 +11,9 @@ trap 'rm -rf "$work"' EXIT
 failures=0
 
 expect() {
-    if [ "$2" != "$3" ]; then
-        echo "$1: expected '$3', found '$2'" >&2
-        failures=$((failures + 1))
-    fi
+    [ "$2" = "$3" ] && return
+    echo "$1: expected '$3', found '$2'" >&2
+    failures=$((failures + 1))
 }
 
 # ends STATUS WHAT ARGUMENT...: the exit status, and one line on standard error unless it is 0.
@@ -24,7 +23,7 @@ ends() {
     shift 2
     "$sim" "$@" >"$work/out" 2>"$work/err"
     expect "$what: status" $? "$wanted"
-    expect "$what: lines of complaint" "$(wc -l <"$work/err" | tr -d ' ')" "$([ "$wanted" = 0 ] && echo 0 || echo 1)"
+    expect "$what: lines of complaint" "$(grep -c '' "$work/err")" "$([ "$wanted" = 0 ] && echo 0 || echo 1)"
 }
 
 ends 0 "plain run" --hands 60
@@ -39,34 +38,28 @@ ends 2 "file missing" --decks "$work/none"
 seq 1 40 | tr '\n' ' ' >"$work/deck"
 ends 0 "deck" --hands 1 --decks "$work/deck" --transcript
 expect "dealt deck" "$(head -n 1 "$work/out" | sed 's/.*"deck"://')" "[$(seq -s, 1 40)]}"
-echo "2 3 4 31 $(seq -s' ' 5 30) 1 $(seq -s' ' 32 40)" >"$work/deck"
-ends 2 "refused sum" --decks "$work/deck"
-echo "1 1 $(seq -s' ' 3 40)" >"$work/deck"
-ends 2 "double card" --decks "$work/deck"
-seq 1 39 | tr '\n' ' ' >"$work/deck"
-ends 2 "short deck" --decks "$work/deck"
-
-# The same seed gives the same bytes; what a monkey does changes nothing.
-"$sim" --hands 300 --seed 5 --transcript >"$work/one"
-"$sim" --hands 300 --seed 5 --transcript >"$work/two"
-"$sim" --hands 300 --seed 5 --transcript --monkey >"$work/teased"
-"$sim" --hands 300 --seed 6 --transcript >"$work/other"
-cmp "$work/one" "$work/two" >&2 || failures=$((failures + 1))
-cmp "$work/one" "$work/teased" >&2 || failures=$((failures + 1))
-cmp -s "$work/one" "$work/other" && { echo "another seed, the same hands" >&2; failures=$((failures + 1)); }
-for kind in hand:300 move:10800 last:300 score:300; do
-    expect "lines of ${kind%:*}" "$(grep -c "^{\"t\":\"${kind%:*}\"" "$work/one")" "${kind#*:}"
+for deck in "2 3 4 31 $(seq -s' ' 5 30) 1 $(seq -s' ' 32 40)" "1 1 $(seq -s' ' 3 40)" "$(seq -s' ' 39)"; do
+    echo "$deck" >"$work/deck"
+    ends 2 "refused sum, double card or short deck: $deck" --decks "$work/deck"
 done
-if command -v python3 >/dev/null; then
-    python3 -c 'import json, sys
-for line in open(sys.argv[1]): json.loads(line)' "$work/one" || failures=$((failures + 1))
-fi
+
+[ "$failures" = 0 ] || exit 1  # A monkey may tease a game that does not go on for ever.
+
+# The same seed gives the same bytes, whatever a monkey does; another seed gives others.
+"$sim" --hands 300 --seed 5 --transcript >"$work/one"
+sum=$(cksum <"$work/one")
+expect "teased hands" "$("$sim" --hands 300 --seed 5 --transcript --monkey | cksum)" "$sum"
+[ "$("$sim" --hands 300 --seed 6 --transcript | cksum)" != "$sum" ]
+expect "another seed gives other hands" $? 0
+for kind in hand:300 move:10800 last:300 score:300; do
+    expect "lines of ${kind%:*}" "$(grep -c "^{\"t\":\"${kind%:*}\".*}$" "$work/one")" "${kind#*:}"
+done
 
 # A full disk and a closed pipe.
 if [ -e /dev/full ]; then
     "$sim" --hands 50 --transcript >/dev/full 2>"$work/err"
     expect "full disk: status" $? 1
-    expect "full disk: lines of complaint" "$(wc -l <"$work/err" | tr -d ' ')" 1
+    expect "full disk: lines of complaint" "$(grep -c '' "$work/err")" 1
 fi
 { "$sim" --hands 3000 --transcript 2>"$work/err"; echo $? >"$work/status"; } | head -n 1 >/dev/null
 expect "closed pipe: status" "$(cat "$work/status")" 1
