@@ -126,8 +126,8 @@ void Desktop::cleared(Form& form) {
     if (FormWindow* window = existing(form)) window->view().cleared();
 }
 
-Colour Desktop::pixel(Picture picture, float across, float down) {
-    const QRgb rgb = pictures_.colour(picture, across, down);
+Colour Desktop::pixel(Picture picture, PixelSize size, int x, int y) {
+    const QRgb rgb = pictures_.image(picture, size.width, size.height).pixel(x, y);
     return qRed(rgb) | qGreen(rgb) << 8 | qBlue(rgb) << 16;
 }
 

@@ -15,9 +15,6 @@ public:
     /// The picture at a size in pixels of the screen, both above 0. Faces and the back are opaque.
     const QImage& image(Picture, int width, int height);
 
-    /// The picture's colour at (across, down), both from 0 to below 1.
-    QRgb colour(Picture, float across, float down);
-
 private:
     struct Drawn {
         Picture picture;
