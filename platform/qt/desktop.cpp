@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QTimer>
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <random>
@@ -107,10 +108,12 @@ void Desktop::writeSettings(const std::string& text) {
 /// program raise its own, and so nothing flickers in between.
 void Desktop::show(Form& form) {
     FormWindow& shown = window(form);
+    // A player who has put the game away is not to be disturbed by the next window.
+    const bool away = std::any_of(windows_.begin(), windows_.end(), [](const Opened& one) {
+        return one.window->isVisible() && one.window->isMinimized();
+    });
     shown.takeControls();
-    shown.showMaximized();
-    shown.raise();
-    shown.activateWindow();
+    shown.comeForward(away);
     for (auto later = windows_.rbegin(); later->form != &form; ++later) later->window->hide();
 }
 

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QWindow>
 #include <cmath>
 
 #include "platform/events.h"
@@ -86,6 +87,19 @@ void FormWindow::present() {
     if (windowIcon().isNull()) setWindowIcon(programIcon());
 }
 
+void FormWindow::comeForward(bool asIcon) {
+    Qt::WindowStates states = windowState();
+    if (form_.WindowState == maximised) states |= Qt::WindowMaximized;
+    states.setFlag(Qt::WindowMinimized, asIcon);
+    setWindowState(states);
+    // Said once more, or a window that only the window manager has moved is placed anew.
+    if (windowHandle() && states == Qt::WindowNoState) windowHandle()->setGeometry(geometry());
+    show();
+    if (asIcon) return;
+    raise();
+    activateWindow();
+}
+
 /// A button that comes up can be pressed from the keyboard at once.
 void FormWindow::focusFirstButton() {
     if (focusWidget() && focusWidget()->isVisible()) return;
@@ -101,7 +115,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 
 void FormWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange)
-        form_.WindowState = isMinimized() ? minimised : maximised;
+        form_.WindowState = isMinimized() ? minimised : isMaximized() ? maximised : 0;
     QWidget::changeEvent(event);
 }
 
