@@ -25,6 +25,14 @@ QIcon programIcon() {
     return icon;
 }
 
+/// In large letters the style leaves too little room beside the mark of an entry, and shortens it.
+void leaveRoom(QMenu& menu) {
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&menu] {
+        menu.setMinimumWidth(0);
+        menu.setMinimumWidth(menu.sizeHint().width() + menu.fontMetrics().height());
+    });
+}
+
 }  // namespace
 
 FormWindow::FormWindow(Runtime& runtime, Form& form, PictureCache& pictures)
@@ -55,6 +63,7 @@ void FormWindow::buildMenu() {
         const QString caption = QString::fromStdString(entry->Caption);
         if (entry->heading) {
             menu = menuBar_->addMenu(caption);
+            leaveRoom(*menu);
             continue;
         }
         QAction* action = entry->topLevel ? menuBar_->addAction(caption) : menu->addAction(caption);
