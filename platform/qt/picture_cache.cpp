@@ -45,6 +45,11 @@ const QImage& PictureCache::image(Picture picture, int width, int height) {
     return drawn_.front().image;
 }
 
+void PictureCache::clear() {
+    drawn_.clear();
+    bytes_ = 0;
+}
+
 void PictureCache::forgetOldest() {
     while (bytes_ > mostBytes && drawn_.size() > 1) {
         bytes_ -= drawn_.back().image.sizeInBytes();

@@ -15,6 +15,9 @@ public:
     /// The picture at a size in pixels of the screen, both above 0. Faces and the back are opaque.
     const QImage& image(Picture, int width, int height);
 
+    /// Drops all images, as when the sizes asked for will be others from now on.
+    void clear();
+
 private:
     struct Drawn {
         Picture picture;

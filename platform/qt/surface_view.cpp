@@ -60,6 +60,8 @@ void SurfaceView::fitCanvas() {
     const QSize size(std::max(1, static_cast<int>(std::lround(width() * ratio))),
                      std::max(1, static_cast<int>(std::lround(height() * ratio))));
     if (canvas_.size() == size && canvas_.devicePixelRatio() == ratio) return;
+    // A window whose edge is dragged would fill the memory with sizes that never come again.
+    pictures_.clear();
     canvas_ = QImage(size, QImage::Format_RGB32);
     canvas_.setDevicePixelRatio(ratio);
     form_.grid = {size.width() / static_cast<double>(unitsAcross),
