@@ -12,6 +12,7 @@
 
 struct Form;
 struct Painted;
+struct PixelSize;
 
 /// What a window system and a machine give the game. There is one for tests and the simulator
 /// (platform/headless) and one for the desktop (platform/qt); everything else is shared.
@@ -43,8 +44,8 @@ public:
     virtual void painted(Form&, const Painted&) = 0;
     /// The form's surface has been cleared to its back colour.
     virtual void cleared(Form&) = 0;
-    /// The colour of a picture at (across, down), both from 0 to below 1.
-    virtual Colour pixel(Picture, float across, float down) = 0;
+    /// The colour of a picture, drawn at a size, in one of its pixels.
+    virtual Colour pixel(Picture, PixelSize, int x, int y) = 0;
     virtual std::unique_ptr<Player> player(DeviceType) = 0;
 
     double frameSeconds = 0;  ///< how long a step of a slide is to be seen

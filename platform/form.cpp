@@ -45,12 +45,15 @@ void Line(Form& form, float x1, float y1, float x2, float y2, Colour colour, Lin
 }
 
 Colour Point(const Form& form, float x, float y) {
-    const Painted* top = form.surface.at(x, y);
+    const PixelGrid& grid = form.grid;
+    const int column = pixelAt(x, grid.x), row = pixelAt(y, grid.y);
+    const Painted* top = form.surface.at(middleOf(column, grid.x), middleOf(row, grid.y));
     if (!top) return form.surface.backColor;
     if (top->picture == picture::none) return top->colour;
-    const Box& box = top->box;
-    return form.backend->pixel(top->picture, (x - box.left) / (box.right - box.left),
-                               (y - box.top) / (box.bottom - box.top));
+    const PixelBox place = toPixels(top->box, grid);
+    const PixelSize drawn = drawnSize(top->box, grid);
+    return form.backend->pixel(top->picture, drawn, std::min(column - place.left, drawn.width - 1),
+                               std::min(row - place.top, drawn.height - 1));
 }
 
 void Cls(Form& form) {
@@ -80,15 +83,13 @@ PixelBox pixelsOf(const Control& control, const PixelGrid& grid) {
 }
 
 const Control* controlAt(const Form& form, float x, float y) {
-    const auto pixelX = static_cast<float>(x * form.grid.x);
-    const auto pixelY = static_cast<float>(y * form.grid.y);
+    const int column = pixelAt(x, form.grid.x), row = pixelAt(y, form.grid.y);
     const Control* found = nullptr;
     for (const Control* control : form.controls) {
         if (!control->Visible || isNative(*control)) continue;
         const PixelBox box = pixelsOf(*control, form.grid);
         const bool inside =
-            pixelX >= static_cast<float>(box.left) && pixelX < static_cast<float>(box.right) &&
-            pixelY >= static_cast<float>(box.top) && pixelY < static_cast<float>(box.bottom);
+            column >= box.left && column < box.right && row >= box.top && row < box.bottom;
         if (inside && (!found || control->z >= found->z)) found = control;
     }
     return found;

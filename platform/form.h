@@ -52,7 +52,8 @@ void PaintPicture(Form&, Picture, float x, float y, float width, float height);
 /// An outline is two units thick, inwards.
 void Line(Form&, float x1, float y1, float x2, float y2, Colour, LineStyle = LineStyle::plain);
 
-/// The colour of the surface at a point in units; controls in front of it do not count.
+/// The colour of the surface at a point in units, as the screen shows it in the pixel that the
+/// point lies in; controls in front of it do not count.
 Colour Point(const Form&, float x, float y);
 
 /// Clears the surface to the back colour.

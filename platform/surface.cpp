@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -50,25 +51,38 @@ Box hiddenByBoth(const Box& hidden, const Box& added) {
     return added;
 }
 
-int edge(float units, double pixels) {
-    return static_cast<int>(std::floor(units * pixels + 0.5));
+/// The first pixel whose middle does not lie before an edge.
+int edge(float units, double pixelsPerUnit) {
+    const int nearest = static_cast<int>(std::ceil(units * pixelsPerUnit - 0.5));
+    // A middle just before the edge may be the same number in single precision.
+    return middleOf(nearest - 1, pixelsPerUnit) >= units ? nearest - 1 : nearest;
 }
 
 }  // namespace
+
+float middleOf(int pixel, double pixelsPerUnit) {
+    return static_cast<float>((pixel + 0.5) / pixelsPerUnit);
+}
+
+int pixelAt(float units, double pixelsPerUnit) {
+    return static_cast<int>(std::floor(units * pixelsPerUnit));
+}
+
+float pressOn(int pixel, double pixelsPerUnit) {
+    return std::nextafter(middleOf(pixel, pixelsPerUnit), std::numeric_limits<float>::infinity());
+}
 
 PixelBox toPixels(const Box& box, const PixelGrid& grid) {
     return {edge(box.left, grid.x), edge(box.top, grid.y), edge(box.right, grid.x),
             edge(box.bottom, grid.y)};
 }
 
-PixelBox pictureToPixels(const Box& box, const PixelGrid& grid) {
+PixelSize drawnSize(const Box& box, const PixelGrid& grid) {
     // The size comes out of single-precision sums; a trace less than a whole pixel is a whole one.
     const auto size = [](float units, double pixels) {
-        return static_cast<int>(std::floor(units * pixels + 0.01));
+        return std::max(1, static_cast<int>(std::floor(units * pixels + 0.01)));
     };
-    const PixelBox place = toPixels(box, grid);
-    return {place.left, place.top, place.left + size(box.right - box.left, grid.x),
-            place.top + size(box.bottom - box.top, grid.y)};
+    return {size(box.right - box.left, grid.x), size(box.bottom - box.top, grid.y)};
 }
 
 void Surface::settle() const {

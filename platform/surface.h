@@ -25,13 +25,25 @@ struct PixelGrid {
     double fixed = 1;
 };
 
-/// The one way from units to pixels. Every edge is rounded by the same rule, so a box that contains
-/// another one in units contains it in pixels too, at any size and scale.
+// Pixels and units, across or down. What is painted at a pixel, read there and hit there hangs on
+// one place: the middle of the pixel.
+float middleOf(int pixel, double pixelsPerUnit);
+int pixelAt(float units, double pixelsPerUnit);
+/// Where a press on a pixel is: the next number beyond the middle, so that a press on what begins
+/// at an edge lies past the edge and none lies on it.
+float pressOn(int pixel, double pixelsPerUnit);
+
+/// The one way from units to pixels: a pixel belongs to a box if its middle does. So a box that
+/// contains another one in units contains it in pixels too, at any size and scale.
 PixelBox toPixels(const Box&, const PixelGrid&);
 
-/// The pixels of a picture painted into a box: its size is rounded down, so that a card has the
-/// same size at every place and is drawn once for it.
-PixelBox pictureToPixels(const Box&, const PixelGrid&);
+struct PixelSize {
+    int width = 0, height = 0;
+};
+
+/// The size at which a picture is drawn for a box: rounded down, so that a card is drawn once for
+/// all its places. Where its box has a pixel more, the outermost pixels stand there again.
+PixelSize drawnSize(const Box&, const PixelGrid&);
 
 /// One thing painted. Everything painted is opaque: it hides what lies below it.
 struct Painted {

@@ -17,6 +17,9 @@ namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
 
+/// What some editors put in front of a text that they save.
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
 /// In percent. Beyond these a number would not come back whole from what the game divides it by.
 constexpr float leastScale = 1e-30f, mostScale = 1e30f;
 
@@ -58,6 +61,7 @@ std::string line(float value) {
 SettingsFile parseSettings(const std::string& text) {
     SettingsFile settings;
     std::string_view rest = text;
+    if (rest.starts_with(byteOrderMark)) rest.remove_prefix(byteOrderMark.size());
     takeInteger(rest, noMelody, lastMelody, settings.brano);
     takeInteger(rest, firstRate, lastRate, settings.velocita);
     const auto scale = number(takeField(rest));

@@ -17,7 +17,7 @@ This game is a version of Scopa from the south of Italy. It follows the rules of
 
 The dealer puts 4 cards on the table, face up, and deals 3 cards to each player, face down. Each time both hands are empty, 3 more are dealt. The other player always starts.
 
-If a card on the table is equal to the card you play, you must take it. If there is none, you take cards whose sum equals the card you play.
+If a card on the table is equal to the card you play, you must take it. If there is none, cards whose sum equals the card you play can be taken.
 
 Click the cards on the table to choose them; click a card again to let it go.
 
@@ -39,7 +39,7 @@ Ace	16
 Five	15
 Four	14
 Three	13
-Figures	10
+Figures (eight, nine and ten)	10
 
 Advice
 
@@ -60,7 +60,7 @@ Regole del gioco
 
 Il mazziere mette 4 carte scoperte sul tavolo e distribuisce 3 carte coperte per volta a ciascun giocatore. Comincia sempre l'avversario del mazziere.
 
-Se sul tavolo c'è una carta uguale a quella giocata, bisogna prendere quella. Altrimenti si prendono le carte la cui somma è uguale alla carta giocata.
+Se sul tavolo c'è una carta uguale a quella giocata, bisogna prendere quella. Altrimenti si possono prendere le carte la cui somma è uguale alla carta giocata.
 
 Le carte del tavolo si scelgono con un clic; con un altro clic si lasciano.
 
@@ -82,7 +82,7 @@ Asso	16
 Cinque	15
 Quattro	14
 Tre	13
-Figure	10
+Figure (otto, nove e dieci)	10
 
 Consigli
 

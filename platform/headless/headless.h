@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/backend.h"
+#include "platform/surface.h"
 
 struct Runtime;
 
@@ -56,7 +57,7 @@ public:
     void hide(Form&) override {}
     void painted(Form&, const Painted&) override {}
     void cleared(Form&) override {}
-    Colour pixel(Picture, float, float) override { return cardPaper; }
+    Colour pixel(Picture, PixelSize, int, int) override { return cardPaper; }
     std::unique_ptr<Player> player(DeviceType) override;
 
 private:

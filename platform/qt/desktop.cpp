@@ -8,6 +8,7 @@
 #include <QEventLoop>
 #include <QMetaObject>
 #include <QTimer>
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <functional>
@@ -115,10 +116,12 @@ void Desktop::writeSettings(const std::string& text) {
 /// program raise its own, and so nothing flickers in between.
 void Desktop::show(Form& form) {
     FormWindow& shown = window(form);
+    // A player who has put the game away is not to be disturbed by the next window.
+    const bool away = std::any_of(windows_.begin(), windows_.end(), [](const Opened& one) {
+        return one.window->isVisible() && one.window->isMinimized();
+    });
     shown.takeControls();
-    shown.showMaximized();
-    shown.raise();
-    shown.activateWindow();
+    shown.comeForward(away);
     for (auto later = windows_.rbegin(); later->form != &form; ++later) later->window->hide();
 }
 
@@ -134,8 +137,8 @@ void Desktop::cleared(Form& form) {
     if (FormWindow* window = existing(form)) window->view().cleared();
 }
 
-Colour Desktop::pixel(Picture picture, float across, float down) {
-    const QRgb rgb = pictures_.colour(picture, across, down);
+Colour Desktop::pixel(Picture picture, PixelSize size, int x, int y) {
+    const QRgb rgb = pictures_.image(picture, size.width, size.height).pixel(x, y);
     return qRed(rgb) | qGreen(rgb) << 8 | qBlue(rgb) << 16;
 }
 

@@ -37,7 +37,7 @@ public:
     void hide(Form&) override;
     void painted(Form&, const Painted&) override;
     void cleared(Form&) override;
-    Colour pixel(Picture, float across, float down) override;
+    Colour pixel(Picture, PixelSize, int x, int y) override;
     std::unique_ptr<Player> player(DeviceType) override;
 
 protected:

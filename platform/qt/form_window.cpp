@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QWindow>
 #include <cmath>
 
 #include "platform/events.h"
@@ -22,6 +23,14 @@ QIcon programIcon() {
     QIcon icon;
     for (const int size : {16, 48}) icon.addPixmap(QPixmap::fromImage(drawIcon(size)));
     return icon;
+}
+
+/// In large letters the style leaves too little room beside the mark of an entry, and shortens it.
+void leaveRoom(QMenu& menu) {
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&menu] {
+        menu.setMinimumWidth(0);
+        menu.setMinimumWidth(menu.sizeHint().width() + menu.fontMetrics().height());
+    });
 }
 
 }  // namespace
@@ -54,6 +63,7 @@ void FormWindow::buildMenu() {
         const QString caption = QString::fromStdString(entry->Caption);
         if (entry->heading) {
             menu = menuBar_->addMenu(caption);
+            leaveRoom(*menu);
             continue;
         }
         QAction* action = entry->topLevel ? menuBar_->addAction(caption) : menu->addAction(caption);
@@ -86,6 +96,19 @@ void FormWindow::present() {
     if (windowIcon().isNull()) setWindowIcon(programIcon());
 }
 
+void FormWindow::comeForward(bool asIcon) {
+    Qt::WindowStates states = windowState();
+    if (form_.WindowState == maximised) states |= Qt::WindowMaximized;
+    states.setFlag(Qt::WindowMinimized, asIcon);
+    setWindowState(states);
+    // Said once more, or a window that only the window manager has moved is placed anew.
+    if (windowHandle() && states == Qt::WindowNoState) windowHandle()->setGeometry(geometry());
+    show();
+    if (asIcon) return;
+    raise();
+    activateWindow();
+}
+
 /// A button that comes up can be pressed from the keyboard at once.
 void FormWindow::focusFirstButton() {
     if (focusWidget() && focusWidget()->isVisible()) return;
@@ -101,7 +124,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 
 void FormWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange)
-        form_.WindowState = isMinimized() ? minimised : maximised;
+        form_.WindowState = isMinimized() ? minimised : isMaximized() ? maximised : 0;
     QWidget::changeEvent(event);
 }
 

@@ -25,6 +25,9 @@ public:
     SurfaceView& view() { return *view_; }
     /// Shows at once what has changed since the last time.
     void present();
+    /// Shows it in front, maximised if the form asks for it, else as the player left it; or
+    /// minimised, to become that when it is put back.
+    void comeForward(bool asIcon);
     /// Takes up the controls of a form that has been loaded anew.
     void takeControls();
 

@@ -3,109 +3,20 @@
 
 #include "platform/qt/native_control.h"
 
-#include <QKeyEvent>
-#include <QMouseEvent>
-#include <QPlainTextEdit>
-#include <QProxyStyle>
 #include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
 #include <cmath>
 
 #include "platform/events.h"
 #include "platform/form.h"
+#include "platform/qt/option_bar.h"
 #include "platform/qt/surface_view.h"
 #include "platform/qt/text.h"
+#include "platform/qt/text_panel.h"
 
 namespace {
 
-QScrollBar::SliderAction scrolling(int key) {
-    switch (key) {
-        case Qt::Key_Up:
-            return QScrollBar::SliderSingleStepSub;
-        case Qt::Key_Down:
-            return QScrollBar::SliderSingleStepAdd;
-        case Qt::Key_PageUp:
-            return QScrollBar::SliderPageStepSub;
-        case Qt::Key_PageDown:
-        case Qt::Key_Space:
-            return QScrollBar::SliderPageStepAdd;
-        case Qt::Key_Home:
-            return QScrollBar::SliderToMinimum;
-        case Qt::Key_End:
-            return QScrollBar::SliderToMaximum;
-        default:
-            return QScrollBar::SliderNoAction;
-    }
-}
-
-/// A text that is read and scrolled, and that answers a click.
-class TextPanel : public QPlainTextEdit {
-public:
-    TextPanel(Runtime& runtime, const TextBox& box, QWidget* parent)
-        : QPlainTextEdit(parent), runtime_(runtime), source_(box.source) {
-        setPlainText(QString::fromStdString(box.Text));
-        setReadOnly(true);
-        setTextInteractionFlags(Qt::NoTextInteraction);
-        setWordWrapMode(QTextOption::WordWrap);
-        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        setVerticalScrollBarPolicy(box.scrollBar ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
-        setTabStopDistance(fontMetrics().horizontalAdvance('0') * 14);
-        setContextMenuPolicy(Qt::NoContextMenu);
-        setAccessibleName(QString::fromStdString(box.name));
-        QPalette colours = palette();
-        colours.setColor(QPalette::Base, toQt(box.BackColor));
-        colours.setColor(QPalette::Text, Qt::black);
-        setPalette(colours);
-        viewport()->setCursor(Qt::ArrowCursor);
-    }
-
-protected:
-    /// Events of the text itself come here; the scroll bar keeps its own.
-    void mousePressEvent(QMouseEvent*) override { click(); }
-    /// The keys scroll; a caret would only blink, and wake the program each time.
-    void keyPressEvent(QKeyEvent* event) override {
-        const auto action = scrolling(event->key());
-        if (event->key() == Qt::Key_Escape) {
-            click();
-        } else if (action == QScrollBar::SliderNoAction) {
-            event->ignore();
-        } else {
-            verticalScrollBar()->triggerAction(action);
-        }
-    }
-    void mouseMoveEvent(QMouseEvent*) override {}
-    void mouseReleaseEvent(QMouseEvent*) override {}
-    void mouseDoubleClickEvent(QMouseEvent*) override {}
-
-private:
-    void click() { runtime_.queue.push_back({source_, Verb::Click}); }
-
-    Runtime& runtime_;
-    Source source_;
-};
-
-/// Draws the circle of an option button no higher than the button: on a small screen with large
-/// text it would be cut.
-class FittingCircle : public QProxyStyle {
-public:
-    int pixelMetric(PixelMetric metric, const QStyleOption* option,
-                    const QWidget* widget) const override {
-        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
-        if (metric != PM_ExclusiveIndicatorWidth && metric != PM_ExclusiveIndicatorHeight)
-            return usual;
-        return widget ? std::min(usual, widget->height()) : usual;
-    }
-};
-
-void setColours(QRadioButton& button, const OptionButton& option) {
-    QPalette colours = button.palette();
-    button.setBackgroundRole(QPalette::Window);
-    colours.setColor(QPalette::Window, toQt(option.BackColor));
-    colours.setColor(QPalette::WindowText, toQt(option.ForeColor));
-    button.setPalette(colours);
-    button.setAutoFillBackground(true);
-}
+/// How much of a button its frame takes, left and right together.
+constexpr int frameOfButton = 10;
 
 }  // namespace
 
@@ -123,12 +34,7 @@ void NativeControl::make() {
     }
     QAbstractButton* button = nullptr;
     if (control_.kind == Kind::option) {
-        auto* radio = new QRadioButton(&view_);
-        auto* style = new FittingCircle;
-        style->setParent(radio);
-        radio->setStyle(style);
-        setColours(*radio, static_cast<const OptionButton&>(control_));
-        button = radio;
+        button = new OptionBar(static_cast<const OptionButton&>(control_), &view_);
     } else {
         auto* push = new QPushButton(&view_);
         push->setAutoDefault(true);
@@ -148,20 +54,34 @@ void NativeControl::place() {
         place.setHeight(std::max(1, static_cast<int>(std::lround(height))));
     if (widget_->geometry() == place) return;
     widget_->setGeometry(place);
-    if (control_.kind != Kind::text)
-        widget_->setFont(sansSerif(control_.kind == Kind::option ? 10 : 9, false, height));
+    fitText();
 }
 
 void NativeControl::fillIn() {
-    if (control_.kind == Kind::button) {
-        const auto& button = static_cast<const Button&>(control_);
-        static_cast<QPushButton*>(widget_)->setText(QString::fromStdString(button.Caption));
-    } else if (control_.kind == Kind::option) {
-        const auto& option = static_cast<const OptionButton&>(control_);
-        auto* radio = static_cast<QRadioButton*>(widget_);
-        radio->setText(QString::fromStdString(option.Caption));
-        radio->setChecked(option.Value);
+    if (control_.kind == Kind::text) return;
+    const bool option = control_.kind == Kind::option;
+    const std::string& caption = option ? static_cast<const OptionButton&>(control_).Caption
+                                        : static_cast<const Button&>(control_).Caption;
+    auto* button = static_cast<QAbstractButton*>(widget_);
+    if (option) button->setChecked(static_cast<const OptionButton&>(control_).Value);
+    if (const QString text = QString::fromStdString(caption); text != button->text()) {
+        button->setText(text);
+        fitText();
     }
+}
+
+/// Letters that stay inside, whatever size the system's own have.
+void NativeControl::fitText() {
+    if (control_.kind == Kind::text) {
+        static_cast<TextPanel*>(widget_)->fit();
+        return;
+    }
+    const bool option = control_.kind == Kind::option;
+    const QString caption = static_cast<QAbstractButton*>(widget_)->text();
+    const int room = option ? static_cast<OptionBar*>(widget_)->textPlace().width()
+                            : widget_->width() - frameOfButton;
+    const QFont font = sansSerif(option ? 10 : 9, false, widget_->height());
+    widget_->setFont(fittedInto(room, font, caption));
 }
 
 void NativeControl::present() {

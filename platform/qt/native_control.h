@@ -26,6 +26,7 @@ private:
     void make();
     void place();
     void fillIn();
+    void fitText();
 
     Runtime& runtime_;
     Form& form_;

@@ -45,14 +45,9 @@ const QImage& PictureCache::image(Picture picture, int width, int height) {
     return drawn_.front().image;
 }
 
-QRgb PictureCache::colour(Picture picture, float across, float down) {
-    const auto found = std::find_if(drawn_.begin(), drawn_.end(),
-                                    [&](const Drawn& drawn) { return drawn.picture == picture; });
-    const QImage& drawn = found != drawn_.end() ? found->image : image(picture, 100, 186);
-    const auto pixel = [](float part, int size) {
-        return std::clamp(static_cast<int>(part * static_cast<float>(size)), 0, size - 1);
-    };
-    return drawn.pixel(pixel(across, drawn.width()), pixel(down, drawn.height()));
+void PictureCache::clear() {
+    drawn_.clear();
+    bytes_ = 0;
 }
 
 void PictureCache::forgetOldest() {

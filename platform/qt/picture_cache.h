@@ -15,8 +15,8 @@ public:
     /// The picture at a size in pixels of the screen, both above 0. Faces and the back are opaque.
     const QImage& image(Picture, int width, int height);
 
-    /// The picture's colour at (across, down), both from 0 to below 1.
-    QRgb colour(Picture, float across, float down);
+    /// Drops all images, as when the sizes asked for will be others from now on.
+    void clear();
 
 private:
     struct Drawn {

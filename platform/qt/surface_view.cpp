@@ -20,6 +20,21 @@ QRect toRect(const PixelBox& box) {
     return QRect(QPoint(box.left, box.top), QPoint(box.right - 1, box.bottom - 1));
 }
 
+/// Draws an image into a box that may be a little smaller, which cuts it off, or larger, where its
+/// outermost pixels stand again.
+void fill(QPainter& painter, const QRect& box, const QImage& image) {
+    const QSize seen = image.size().boundedTo(box.size());
+    const QSize more = box.size() - seen;
+    const QRect beside(box.left() + seen.width(), box.top(), more.width(), seen.height());
+    const QRect below(box.left(), box.top() + seen.height(), seen.width(), more.height());
+    const QRect corner(beside.left(), below.top(), more.width(), more.height());
+    const QPoint last(image.width() - 1, image.height() - 1);
+    painter.drawImage(box.topLeft(), image, QRect(QPoint(), seen));
+    if (!beside.isEmpty()) painter.drawImage(beside, image, QRect(last.x(), 0, 1, seen.height()));
+    if (!below.isEmpty()) painter.drawImage(below, image, QRect(0, last.y(), seen.width(), 1));
+    if (!corner.isEmpty()) painter.drawImage(corner, image, QRect(last, QSize(1, 1)));
+}
+
 int buttonNumber(Qt::MouseButton button) {
     return button == Qt::LeftButton ? 1 : button == Qt::RightButton ? 2 : 4;
 }
@@ -45,6 +60,8 @@ void SurfaceView::fitCanvas() {
     const QSize size(std::max(1, static_cast<int>(std::lround(width() * ratio))),
                      std::max(1, static_cast<int>(std::lround(height() * ratio))));
     if (canvas_.size() == size && canvas_.devicePixelRatio() == ratio) return;
+    // A window whose edge is dragged would fill the memory with sizes that never come again.
+    pictures_.clear();
     canvas_ = QImage(size, QImage::Format_RGB32);
     canvas_.setDevicePixelRatio(ratio);
     form_.grid = {size.width() / static_cast<double>(unitsAcross),
@@ -79,9 +96,10 @@ void SurfaceView::draw(const Painted& entry) {
         painter.fillRect(toRect(toPixels(entry.box, form_.grid)), toQt(entry.colour));
         return;
     }
-    const QRect box = toRect(pictureToPixels(entry.box, form_.grid));
+    const QRect box = toRect(toPixels(entry.box, form_.grid));
     if (box.isEmpty()) return;
-    painter.drawImage(box, pictures_.image(entry.picture, box.width(), box.height()));
+    const auto [width, height] = drawnSize(entry.box, form_.grid);
+    fill(painter, box, pictures_.image(entry.picture, width, height));
 }
 
 std::vector<SurfaceView::Shown> SurfaceView::drawnNow() const {
@@ -169,14 +187,9 @@ void SurfaceView::resizeEvent(QResizeEvent*) {
 }
 
 void SurfaceView::mousePressEvent(QMouseEvent* event) {
-    const double ratio = canvas_.devicePixelRatio();
-    // The middle of the pixel that was hit.
-    const auto units = [ratio](double place, double perUnit) {
-        return static_cast<float>((std::floor(place * ratio) + 0.5) / perUnit);
-    };
-    const QPointF place = event->position();
-    pressAt(runtime_, form_, units(place.x(), form_.grid.x), units(place.y(), form_.grid.y),
-            buttonNumber(event->button()));
+    const QPointF place = event->position() * canvas_.devicePixelRatio();
+    pressAt(runtime_, form_, pressOn(qFloor(place.x()), form_.grid.x),
+            pressOn(qFloor(place.y()), form_.grid.y), buttonNumber(event->button()));
 }
 
 /// The second press of a double click is a press like any other.

@@ -32,6 +32,13 @@ QFont sansSerif(float points, bool bold, double height) {
     return font;
 }
 
+QFont fittedInto(double width, QFont font, const QString& text) {
+    const double wanted = QFontMetricsF(font).horizontalAdvance(text);
+    if (wanted > width)
+        font.setPixelSize(std::max(1, static_cast<int>(font.pixelSize() * width / wanted)));
+    return font;
+}
+
 namespace {
 
 /// Under the figures of a caption in the middle, not under the blank that leads them.
@@ -54,12 +61,9 @@ void drawLabel(QPainter& painter, const Label& label, const QRect& box, double r
     painter.scale(ratio, ratio);
     const QRectF place(0, 0, box.width() / ratio, box.height() / ratio);
     const QString caption = QString::fromStdString(label.Caption);
-    QFont font = sansSerif(label.FontSize, label.bold, place.height());
     // In a narrow window the labels beside it would cut off its ends.
-    const double wanted = QFontMetricsF(font).horizontalAdvance(caption);
-    if (wanted > place.width())
-        font.setPixelSize(std::max(1, static_cast<int>(font.pixelSize() * place.width() / wanted)));
-    painter.setFont(font);
+    painter.setFont(
+        fittedInto(place.width(), sansSerif(label.FontSize, label.bold, place.height()), caption));
     painter.setPen(toQt(label.ForeColor));
     painter.drawText(place, Qt::AlignCenter | Qt::TextDontClip | Qt::TextSingleLine, caption);
     if (label.underlined) underline(painter, place, caption);

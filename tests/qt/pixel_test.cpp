@@ -38,6 +38,7 @@ public:
         desktop_.attach(g_);
         desktop_.time.user = [this](double until) { return robot_.act(until); };
         g_.watch = [this](Moment moment) {
+            if (moment == Moment::decided && comparing()) compareWithPoint();
             if (moment == Moment::carriedOut) look();
             if (moment == Moment::scored) throw EndProgram{};
         };
@@ -45,11 +46,16 @@ public:
         runProgram(g_);
     }
     std::size_t moves = 0;
-    int stray = 0;    ///< pixels that are neither table colour nor under something known
+    int stray = 0;  ///< pixels that are neither table colour nor under something known
+    int compared = 0;
+    int misread = 0;  ///< pixels in which Point tells another colour than the screen
     int blurred = 0;  ///< cards that do not show their picture, drawn for just this size
 
 private:
     FormWindow& window() { return desktop_.window(g_.frmscopa); }
+
+    /// Once for each of many sizes, in the second of three deals.
+    bool comparing() const { return sizes_.size() > 9 && moves / sizes_.size() == 1; }
 
     void look() {
         window().resize(sizes_[moves++ % sizes_.size()]);
@@ -60,12 +66,36 @@ private:
         for (const auto& [picture, rect] : known) {
             if (picture == picture::none || picture == picture::back) continue;
             const QImage& drawn =
-                pictures_.image(static_cast<Picture>(picture), rect.width(), rect.height());
-            blurred += image.copy(rect) != drawn.convertToFormat(image.format());
+                pictures_.image(static_cast<Picture>(picture), cardSize().width, cardSize().height);
+            const QImage seen =
+                image.copy(QRect(rect.topLeft(), drawn.size().boundedTo(rect.size())));
+            blurred += seen != drawn.copy(seen.rect()).convertToFormat(image.format());
         }
         for (const Control* control : drawnControls(g_.frmscopa))
             known.push_back({picture::none, rectOf(pixelsOf(*control, g_.frmscopa.grid))});
         countStray(image, known);
+    }
+
+    PixelSize cardSize() const {
+        return drawnSize({0, 0, g_.larghezzaCarta, g_.altezzaCarta}, g_.frmscopa.grid);
+    }
+
+    /// Looks at the bare surface, without the controls in front of it.
+    void compareWithPoint() {
+        std::vector<Control*> hidden;
+        for (Control* control : g_.frmscopa.controls)
+            if (std::exchange(control->Visible, false)) hidden.push_back(control);
+        desktop_.present();
+        const QImage image = window().view().grab().toImage().convertToFormat(QImage::Format_RGB32);
+        const auto [across, down, fixed] = g_.frmscopa.grid;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) {
+                const Colour read = Point(g_.frmscopa, pressOn(x, across), pressOn(y, down));
+                const QRgb seen = image.pixel(x, y);
+                misread += read != (qRed(seen) | qGreen(seen) << 8 | qBlue(seen) << 16);
+            }
+        for (Control* control : hidden) control->Visible = true;
+        ++compared;
     }
 
     void countStray(const QImage& image, const std::vector<Known>& known) {
@@ -84,7 +114,7 @@ private:
         const auto add = [&](int picture, Spot spot) {
             const Box box{spot.left, spot.top, spot.left + g_.larghezzaCarta,
                           spot.top + g_.altezzaCarta};
-            known.push_back({picture, rectOf(pictureToPixels(box, g_.frmscopa.grid))});
+            known.push_back({picture, rectOf(toPixels(box, g_.frmscopa.grid))});
         };
         for (const Place place : tableOrder)
             if (const int id = g_.tavolo(place.row, place.column))
@@ -121,6 +151,24 @@ TEST(Table, IsBareAndSharpAtEverySizeAndAfterEveryResize) {
         EXPECT_EQ(table.stray, 0) << sizes[0].width() << ", scale " << scale;
         EXPECT_EQ(table.blurred, 0) << sizes[0].width() << ", scale " << scale;
     }
+}
+
+TEST(Point, TellsWhatTheScreenShowsInEveryPixel) {
+    const Table table({{320, 240},
+                       {333, 251},
+                       {401, 300},
+                       {500, 433},
+                       {563, 391},
+                       {640, 480},
+                       {641, 479},
+                       {700, 500},
+                       {799, 599},
+                       {800, 600},
+                       {801, 601},
+                       {1001, 777}},
+                      "100");
+    EXPECT_EQ(table.compared, 12);
+    EXPECT_EQ(table.misread, 0);
 }
 
 }  // namespace

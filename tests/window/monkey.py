@@ -34,16 +34,21 @@ class Monkey(Game):
 
     def play(self):
         window = self.windows()[0]
-        on_sheet = window.get_wm_name().endswith("Scopa")
+        if window.get_wm_name().endswith("Scopa"):
+            self.sheets += 1
+            left, top, width, height = self.place(window)
+            across = self.draw([0.25] * 19 + [0.75])
+            return self.press(left + across * width, top + 535 / 600 * height)
+        self.play_table(window)
+
+    def play_table(self, window):
+        """Presses what may be wanted now: GO, the cards of the hand, cards of the table."""
         left, top, width, height = self.place(window)
-        bar = 0 if on_sheet else 22 * float(os.environ.get("QT_SCALE_FACTOR", 1))
+        bar = 22 * float(os.environ.get("QT_SCALE_FACTOR", 1))
 
         def at(x, y):  # in the units of the game
             return left + int(x * width / 800), top + int(bar + y * (height - bar) / 600)
 
-        if on_sheet:
-            self.sheets += 1
-            return self.press(*at(self.draw([200] * 19 + [600]), 535))
         scale = min(1.06, self.cards / 100)
         across, down, look = 62.2 * scale + 6, 108.35 * scale + 6, self.screen.root.get_image
         # GO, if it is there, and the cards of the hand.

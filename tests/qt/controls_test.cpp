@@ -1,0 +1,163 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+// What the window system draws on the game's colours: option bars and text panels. They are the
+// same in a light and in a dark colour scheme.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFontInfo>
+#include <QImage>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "platform/qt/surface_view.h"
+#include "state/state.h"
+#include "tools/scripted_desktop.h"
+
+namespace {
+
+/// The table's window with the opening screen's controls and nothing that happens by itself.
+struct Opening : ScriptedDesktop {
+    explicit Opening(QSize size = {800, 600}) {
+        attach(g);
+        window(g.frmscopa).resize(size);
+        for (int i = 0; i <= 2; ++i) Move(g.Option1(i), 320, 100 + 30 * static_cast<float>(i));
+        for (OptionButton& option : g.Option1) option.Visible = true;
+        Move(g.GO, 350, 300);
+        g.GO.Visible = true;
+        show(g.frmscopa);
+        present();
+    }
+
+    QWidget* bar(int index) { return widgets<QRadioButton>().at(index); }
+
+    template <class Widget>
+    QList<Widget*> widgets() {
+        return window(g.frmscopa).view().findChildren<Widget*>();
+    }
+
+    void mouse(QWidget* widget, QEvent::Type type, QPointF place) {
+        const auto held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+        QMouseEvent event(type, place, widget->mapToGlobal(place), Qt::LeftButton, held,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(widget, &event);
+    }
+
+    Game g{*this, {}};
+};
+
+QImage seen(QWidget* widget) {
+    return widget->grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+QPalette darkScheme() {
+    QPalette dark(QColor(30, 30, 30), QColor(20, 20, 20));
+    dark.setColor(QPalette::Base, Qt::black);
+    return dark;
+}
+
+/// How many pixels of a bar's left end, where its circle is, are dark enough to be told from the
+/// yellow.
+int darkPixels(const QImage& bar) {
+    int dark = 0;
+    for (int y = 0; y < bar.height(); ++y)
+        for (int x = 0; x < 14; ++x) dark += qGray(bar.pixel(x, y)) < 128;
+    return dark;
+}
+
+TEST(OptionBars, AreButtonsFromEndToEnd) {
+    Opening opening;
+    QWidget* last = opening.bar(2);
+    for (const QPointF place : {QPointF(1, 1), QPointF(last->width() - 2, last->height() - 2)}) {
+        opening.g.queue.clear();
+        clickOn(opening.g, opening.g.frmscopa, opening.g.Option1(0));
+        opening.mouse(last, QEvent::MouseButtonPress, place);
+        opening.mouse(last, QEvent::MouseButtonRelease, place);
+        EXPECT_TRUE(opening.g.Option1(2).Value) << "pressed at " << place.x();
+        EXPECT_EQ(opening.g.queue.back().index, 2) << "pressed at " << place.x();
+    }
+}
+
+TEST(OptionBars, ShowThatTheyArePressed) {
+    Opening opening;
+    const QImage before = seen(opening.bar(1));
+    opening.mouse(opening.bar(1), QEvent::MouseButtonPress, {100, 5});
+    EXPECT_NE(seen(opening.bar(1)), before);
+}
+
+TEST(OptionBars, ShowTheMouseAboveThem) {
+    Opening opening;
+    const QImage before = seen(opening.bar(1));
+    opening.bar(1)->setAttribute(Qt::WA_UnderMouse);
+    EXPECT_NE(seen(opening.bar(1)), before);
+}
+
+TEST(OptionBars, TellTheChosenOneInEveryScheme) {
+    for (const QPalette& scheme : {QPalette(Qt::lightGray), darkScheme()}) {
+        QApplication::setPalette(scheme);
+        Opening opening;
+        const int chosen = darkPixels(seen(opening.bar(0)));
+        const int other = darkPixels(seen(opening.bar(1)));
+        EXPECT_GT(other, 15) << "the outline of a circle that is not chosen";
+        EXPECT_GT(chosen, other + 8) << "the dot of the chosen one";
+    }
+}
+
+TEST(TextPanels, OpenAtTheirTop) {
+    Opening opening;
+    opening.g.Text3.Visible = true;
+    opening.present();
+    QScrollBar* scroll = opening.widgets<QPlainTextEdit>().at(0)->verticalScrollBar();
+    scroll->setValue(scroll->maximum());
+    ASSERT_GT(scroll->value(), 0) << "the rules are longer than their panel";
+    opening.g.Text3.Visible = false;
+    opening.present();
+    opening.g.Text3.Visible = true;
+    opening.present();
+    EXPECT_EQ(scroll->value(), 0);
+}
+
+TEST(TextPanels, LookTheSameInEveryScheme) {
+    QList<QImage> looks;
+    for (const QPalette& scheme : {QPalette(Qt::lightGray), darkScheme()}) {
+        QApplication::setPalette(scheme);
+        Opening opening;
+        opening.g.Text1.Visible = true;
+        opening.present();
+        looks += seen(opening.widgets<QPlainTextEdit>().at(0));
+    }
+    EXPECT_EQ(looks[0], looks[1]);
+}
+
+TEST(Letters, StayInsideOfTheirBoxes) {
+    for (const int size : {9, 14, 24})
+        for (const QSize window : {QSize(320, 240), QSize(320, 900), QSize(800, 600)}) {
+            QApplication::setFont(QFont("sans", size));
+            Opening opening(window);
+            opening.g.Text4.Visible = true;
+            opening.present();
+            for (auto* button : opening.widgets<QAbstractButton>()) {
+                const QRect text = button->fontMetrics().boundingRect(button->text());
+                EXPECT_LE(text.width(), button->width()) << window.width() << " across";
+                EXPECT_LE(button->fontInfo().pixelSize(), button->height());
+            }
+            QScrollBar* scroll = opening.widgets<QPlainTextEdit>().at(0)->verticalScrollBar();
+            EXPECT_EQ(scroll->maximum(), 0) << "the information at " << size << " points";
+        }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication::setStyle("Fusion");
+    QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

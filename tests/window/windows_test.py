@@ -1,0 +1,126 @@
+#!/usr/bin/python3 -B
+# Velarda, a card game of the Scopa family.
+# SPDX-License-Identifier: MIT
+"""PROGRAM: the two windows come up maximised and stay as the player leaves them, over the score
+sheets of a match; settings saved by an editor that puts a byte-order mark in front are read."""
+
+import sys
+import time
+
+from Xlib import X, Xatom, Xutil, error
+
+from monkey import Monkey
+from virtual_screen import VirtualScreen, wait_until
+
+PACE = 15  # of the program's clock
+TABLE, SHEET = (40, 60, 640, 500), (700, 100, 500, 400)  # where the player puts them
+
+
+class Player(Monkey):
+    def __init__(self, screen):
+        super().__init__(screen, sys.argv[1], 1, PACE)
+        self.cards, self.given = 100, b"\xef\xbb\xbf 3 \r\n 3 \r\n 100 \r\n"
+
+    def front(self):
+        """The front window and what it is; neither while one gives way to the other."""
+        try:
+            window = self.windows()[0]
+            return window, "sheet" if window.get_wm_name().endswith("Scopa") else "table"
+        except (IndexError, error.BadWindow):
+            return None, None
+
+    def play_to_the_sheet(self):
+        limit = time.monotonic() + 100
+        while self.front()[1] != "sheet":
+            if time.monotonic() > limit:
+                raise TimeoutError("no score sheet")
+            assert self.process.poll() is None, "the program has ended: " + self.complaints
+            window, kind = self.front()
+            if kind == "table":
+                try:
+                    self.play_table(window)
+                except (error.BadWindow, error.BadDrawable, error.BadMatch):
+                    pass  # it has just gone
+            time.sleep(0.02)
+        return self.front()[0]
+
+    def go_on(self):
+        """CONTINUE, by the key that presses the button in focus."""
+        def table_is_back():
+            if self.front()[1] == "sheet":
+                self.key("Return")
+            time.sleep(0.1)
+            return self.front()[1] == "table"
+        wait_until(table_is_back, 20, "CONTINUE does not bring the table back")
+        return self.front()[0]
+
+    def is_maximised(self, window):
+        states = window.get_full_property(self.screen.atom("_NET_WM_STATE"), Xatom.ATOM)
+        return bool(states) and self.screen.atom("_NET_WM_STATE_MAXIMIZED_VERT") in states.value
+
+    def expect_maximised(self, window, what):
+        wait_until(lambda: self.is_maximised(window), 10, what + " is not maximised")
+
+    def expect_at(self, window, place, what):
+        def is_there():
+            return self.place(window) == place and not self.is_maximised(window)
+        try:
+            wait_until(is_there, 5, "")
+        except TimeoutError:
+            raise AssertionError("%s is at %s, was left at %s, %smaximised" % (
+                what, self.place(window), place, "" if self.is_maximised(window) else "not ")) from None
+
+    def tell_manager(self, window, message, *data):
+        self.send(window, message, *data, to=self.screen.root,
+                  mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+
+    def put(self, window, place):
+        """Takes the window out of its maximised state and puts it at a place."""
+        states = [self.screen.atom("_NET_WM_STATE_MAXIMIZED_" + way) for way in ("HORZ", "VERT")]
+        self.tell_manager(window, "_NET_WM_STATE", 0, *states)
+        wait_until(lambda: not self.is_maximised(window), 10, "it stays maximised")
+        left, top, width, height = place
+        window.configure(x=left, y=top, width=width, height=height)
+        self.expect_at(window, place, "what was put there")
+
+    def minimise_and_restore(self, window):
+        self.tell_manager(window, "WM_CHANGE_STATE", Xutil.IconicState)
+        wait_until(lambda: not self.windows(), 10, "it is not minimised")
+        self.tell_manager(window, "_NET_ACTIVE_WINDOW", 2)
+        wait_until(self.windows, 10, "it does not come back")
+
+    def choose_21_points(self):
+        """With the last option, at its right end; a match of several hands."""
+        window = self.front()[0]
+        left, top, width, height = self.place(window)
+        bar = 22
+        x, y = width * 470 // 800, bar + (height - bar) * 166 // 600
+        yellow = b"\xc0\xff\xff"
+        wait_until(lambda: window.get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFF).data[:3] == yellow,
+                   30, "no option")
+        self.press(left + x, top + y)
+
+
+with VirtualScreen() as screen, Player(screen) as game:
+    table = game.wait_for_window()
+    game.expect_maximised(table, "the table")
+    game.choose_21_points()
+    sheet = game.play_to_the_sheet()
+    game.expect_maximised(sheet, "the first sheet")
+    game.put(sheet, SHEET)
+    table = game.go_on()
+    game.expect_maximised(table, "the table after the first sheet")
+    game.minimise_and_restore(table)
+    game.expect_maximised(table, "the table put back from its icon")
+    game.put(table, TABLE)
+    game.minimise_and_restore(table)
+    game.expect_at(table, TABLE, "the table put back from its icon")
+    sheet = game.play_to_the_sheet()
+    game.expect_at(sheet, SHEET, "the second sheet")
+    table = game.go_on()
+    game.expect_at(table, TABLE, "the table after the second sheet")
+    for key in ("Alt+p", "Return"):
+        game.key(key)
+    wait_until(lambda: game.settings == b" 3 \r\n 1 \r\n 100 \r\n", 10,
+               "settings read past their byte-order mark: %r" % game.settings)
+    assert game.end("quit") == 0, game.complaints
