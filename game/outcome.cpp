@@ -3,6 +3,8 @@
 
 #include "game/outcome.h"
 
+#include <algorithm>
+
 #include "platform/chance.h"
 #include "state/cards.h"
 #include "state/holders.h"
@@ -67,9 +69,8 @@ void clearTaken(Game& g) {
 }
 
 bool tableIsBare(const Game& g) {
-    for (const auto [row, column] : tableOrder)
-        if (g.tavolo(row, column) != 0) return false;
-    return true;
+    return std::ranges::all_of(tableOrder,
+                               [&](Place place) { return g.tavolo(place.row, place.column) == 0; });
 }
 
 /// The very last card of the hand has been played.

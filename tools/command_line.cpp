@@ -15,3 +15,9 @@ bool answersHelpOrVersion(int argc, char** argv, const char* program, const char
     }
     return false;
 }
+
+int misused(const char* usage) {
+    const std::string_view line(usage, std::string_view(usage).find('\n'));
+    std::fprintf(stderr, "usage: %.*s\n", static_cast<int>(line.size()), line.data());
+    return 2;
+}

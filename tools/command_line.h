@@ -7,3 +7,7 @@
 /// program and its version, on standard output. False when the arguments, argv[1] onwards, ask for
 /// neither.
 bool answersHelpOrVersion(int argc, char** argv, const char* program, const char* usage);
+
+/// Says on standard error how the program is called, which is the first line of its usage. The exit
+/// status for bad arguments.
+int misused(const char* usage);

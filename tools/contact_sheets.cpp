@@ -201,10 +201,7 @@ int main(int argc, char** argv) {
         "velarda-contact-sheets FOLDER\n\n"
         "Writes the pictures of the game into FOLDER as PNG sheets.\n";
     if (answersHelpOrVersion(argc, argv, "velarda-contact-sheets", usage)) return 0;
-    if (argc != 2 || argv[1][0] == '-' || argv[1][0] == '\0') {
-        std::fputs("usage: velarda-contact-sheets FOLDER\n", stderr);
-        return 2;
-    }
+    if (argc != 2 || argv[1][0] == '-' || argv[1][0] == '\0') return misused(usage);
     // Images are painted without a window system, so that the program runs where there is none.
     const QCoreApplication application(argc, argv);
     const QString folder = QFile::decodeName(argv[1]);

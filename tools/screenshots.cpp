@@ -102,10 +102,7 @@ int main(int argc, char** argv) {
         "velarda-screenshots FOLDER [WIDTH HEIGHT]\n\n"
         "Plays a hand and writes pictures of its windows into FOLDER (1280 by 960 pixels).\n";
     if (answersHelpOrVersion(argc, argv, "velarda-screenshots", usage)) return 0;
-    if (argc != 2 && argc != 4) {
-        std::fputs("usage: velarda-screenshots FOLDER [WIDTH HEIGHT]\n", stderr);
-        return 2;
-    }
+    if (argc != 2 && argc != 4) return misused(usage);
     const QSize size = argc == 4 ? QSize(QByteArray(argv[2]).toInt(), QByteArray(argv[3]).toInt())
                                  : QSize(1280, 960);
     if (size.isEmpty() || size.width() > 16384 || size.height() > 16384) {

@@ -44,7 +44,7 @@ void addCount(Hash& hash, const Game& g) {
 }
 
 void playRun(int run, Hash& hash) {
-    const auto seed = static_cast<std::uint64_t>(run + 1);
+    const std::uint64_t seed = static_cast<std::uint64_t>(run) + 1;
     Headless backend(seed);
     Game g(backend, eventTable());
     Robot robot(g, seed);

@@ -28,8 +28,11 @@ circles=$(grep -rHo '^#include "[^"]*"' --include='*.cpp' --include='*.h' $rooms
     fail "Files may not include each other in a circle."
 }
 # shellcheck disable=SC2086
-if grep -rnE '^ *# *include *<(Q|qt|SDL)' --exclude-dir=qt $rooms >&2; then
+if grep -rnE '^ *# *include *<(Q|qt|SDL)' --exclude-dir=qt --exclude-dir=sound $rooms >&2; then
     fail "The core is standard C++ and stands by itself."
+fi
+if grep -rnE '^ *# *include *<(Q|qt)' platform/sound >&2; then
+    fail "The sound is standard C++ and SDL."
 fi
 if readelf -dW build/velarda-sim | grep -E 'NEEDED.*(Qt|SDL)' >&2; then
     fail "The core is linked with a toolkit."
@@ -47,7 +50,7 @@ hardened "its tables stay writable" 'GNU_RELRO'
 hardened "its stack is executable" 'GNU_STACK .* RW +0x'
 hardened "its stack has no protector" ' U __stack_chk_fail'
 # Whether a call can be fortified depends on the call, so the commands are looked at.
-if ninja -C build -t commands velarda | grep -E '\.cpp$' | grep -v -e _FORTIFY_SOURCE=2 -e /.rcc/ >&2; then
+if ninja -C build -t commands velarda | grep -E '\.cpp"?$' | grep -v -e _FORTIFY_SOURCE=2 -e /.rcc/ >&2; then
     fail "build/velarda: calls are not fortified."
 fi
 if echo "$linked" | grep -E 'TEXTREL|RPATH|RUNPATH' >&2; then
@@ -78,15 +81,17 @@ to_do=$kept/to_do
 : >$to_do
 ninja -C build/dev -t deps | awk -v root="$PWD/" '
     /^[^ ]/ { files = "" }
-    { sub(/build\/dev\/rooms\/[^\/]*\//, "") }  # the folders through which headers are found
-    /^ / && index($1, root) == 1 && index($1, root "build/") == 0 {
-        files = files substr($1, length(root) + 1) " "
+    /^ / {
+        sub(/^ +/, "")
+        sub(/build\/dev\/rooms\/[^\/]*\//, "")  # the folders through which headers are found
+        if (index($0, root) == 1 && index($0, root "build/") == 0)
+            files = files substr($0, length(root) + 1) " "
     }
     /^$/ && files != "" { print files }' | sort -u |
 while read -r source headers; do
     # shellcheck disable=SC2086  # the list is meant to be split
     key=$({ cat .clang-tidy tests/.clang-tidy "$source" $headers
-            grep -F -- "-c $PWD/$source\"" $commands
+            grep -F -- "/$source" $commands
             clang-tidy --version; } | sha256sum)
     stamp=$tidied/$(echo "$source" | tr / _)
     [ "$(cat "$stamp" 2>/dev/null)" = "${key%% *}" ] || echo "$source $stamp ${key%% *}" >>$to_do

@@ -6,17 +6,20 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>
+#include <QMetaObject>
 #include <QTimer>
 #include <chrono>
 #include <cmath>
+#include <functional>
 #include <random>
 #include <thread>
+#include <utility>
 
 #include "platform/events.h"
 #include "platform/form.h"
-#include "platform/qt/sdl_player.h"
 #include "platform/qt/settings_store.h"
 #include "platform/qt/surface_view.h"
+#include "platform/sound/sdl_player.h"
 
 namespace {
 
@@ -24,6 +27,11 @@ constexpr double longestSleep = 3600;  ///< seconds, well inside what a timer ho
 /// A timer counts whole milliseconds. What is left of a frame is slept out, or each would last up
 /// to a millisecond too long.
 constexpr double shortestAlarm = 0.001;
+
+/// From any thread. It is done in `processEvents`, which it wakes.
+void runInGame(std::function<void()> task) {
+    QMetaObject::invokeMethod(qApp, std::move(task), Qt::QueuedConnection);
+}
 
 }  // namespace
 
@@ -132,5 +140,5 @@ Colour Desktop::pixel(Picture picture, float across, float down) {
 }
 
 std::unique_ptr<Player> Desktop::player(DeviceType type) {
-    return std::make_unique<SdlPlayer>(type);
+    return std::make_unique<SdlPlayer>(type, runInGame);
 }

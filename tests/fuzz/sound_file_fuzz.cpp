@@ -7,10 +7,11 @@
 #include <cmath>
 
 #include "../music/midi_file.h"
-#include "platform/qt/sound_files.h"
+#include "platform/sound/midi_file.h"
+#include "platform/sound/wave_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const char* data, std::size_t size) {
-    const QByteArray file = QByteArray::fromRawData(data, static_cast<qsizetype>(size));
+    const Bytes file(reinterpret_cast<const unsigned char*>(data), size);
     plausibleWave(file);
     const std::optional<double> length = melodySeconds(file);
     try {

@@ -45,4 +45,34 @@ TEST(Melody, RunsInALoopFromHandToHandAndChangesAtOnce) {
     program.run();
 }
 
+TEST(Melody, ThatFindsNoDeviceIsTriedAgainByTheNextHandAndTheNextChoice) {
+    WholeProgram program(1, "3,2,100");
+    MMControl& music = program.g.MMC1;
+    bool deviceIsThere = false;
+    int failures = 0;
+    program.look = [&] {
+        if (music.state != State::playing || deviceIsThere) return;
+        music.player->ended();
+        if (++failures > 2) throw EndProgram{};  // one of the first hand, one of the second
+    };
+    program.then("the first hand", &WholeProgram::picking, [&] {
+        EXPECT_EQ(music.state, State::open) << "the first hand finds no device";
+        deviceIsThere = true;
+    });
+    program.then("the second hand", &WholeProgram::secondHand, [&] {
+        EXPECT_EQ(music.state, State::playing) << "the second hand tries again";
+        deviceIsThere = false;
+    });
+    program.then("the wait after it was pulled out", &WholeProgram::secondHand, [&] {
+        EXPECT_EQ(music.state, State::open) << "the device has been pulled out";
+        deviceIsThere = true;
+        program.menu(program.g.canzoni(3));
+    });
+    program.then("the wait after another choice", &WholeProgram::secondHand, [&] {
+        EXPECT_EQ(music.state, State::playing) << "the melody chosen again tries again";
+    });
+    program.run();
+    EXPECT_EQ(failures, 2);
+}
+
 }  // namespace

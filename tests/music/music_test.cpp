@@ -18,7 +18,7 @@
 #include <vector>
 
 #include "midi_file.h"
-#include "platform/qt/sound_files.h"
+#include "platform/sound/midi_file.h"
 #include "state/melodies.h"
 
 namespace {
@@ -52,8 +52,10 @@ TEST(Melodies, LastOneToTwoMinutesAndLoopWithoutAGap) {
         SCOPED_TRACE(caption);
         const MidiMelody m = melody(caption);
         EXPECT_NEAR(m.seconds(m.end), 90, 30);
-        const QByteArray file = QByteArray::fromStdString(bytesOf(melodyPath(caption)));
-        EXPECT_NEAR(melodySeconds(file).value_or(0), m.seconds(m.end), 0.001) << "for the game";
+        const std::string file = bytesOf(melodyPath(caption));
+        const auto* first = reinterpret_cast<const unsigned char*>(file.data());
+        EXPECT_NEAR(melodySeconds({first, file.size()}).value_or(0), m.seconds(m.end), 0.001)
+            << "for the game";
         EXPECT_LE(m.seconds(m.firstNote), 0.6);
         EXPECT_LT(m.end - m.lastOff, m.bar) << "a bar of silence, or no time signature";
         // A voice that ends before the others has lost beats, and would be heard over its own end.
@@ -138,7 +140,7 @@ double renderedLoudness(const std::string& caption) {
 
 TEST(Loudness, IsTheSameForAllMelodiesAndBelowTheCard) {
     if (!fs::exists(VELARDA_SOUND_FONT) || !fs::exists(VELARDA_SYNTHESISER))
-        GTEST_SKIP() << "no General MIDI sound font or no fluidsynth";
+        GTEST_SKIP() << "no TimGM6mb.sf2, which the melodies were made for, or no fluidsynth";
     std::vector<double> levels(captions.size());
     const auto renderEveryOther = [&](std::size_t i) {
         for (; i < levels.size(); i += 2) levels.at(i) = renderedLoudness(captions[i]);

@@ -3,6 +3,8 @@
 # SPDX-License-Identifier: MIT
 """PROGRAM [TEST...]: the real program when things around it break; see docs/FAULTS.md."""
 
+import collections
+import contextlib
 import os
 import random
 import shutil
@@ -15,7 +17,7 @@ from pathlib import Path
 from Xlib import Xatom, display
 from Xlib.ext import damage
 
-from virtual_screen import TIED, Game, VirtualScreen, wait_until
+from virtual_screen import PATIENCE, TIED, Game, VirtualScreen, wait_until
 
 PROGRAM = Path(sys.argv[1]).resolve()
 # On a screen of 1280x1024, where the mascots and cards are.
@@ -53,7 +55,7 @@ class Watched(Game):
             raise
         return self
 
-    def wait_for_window(self, seconds=30):
+    def wait_for_window(self, seconds=PATIENCE):
         """A window manager that has just started may sleep over the first window until it hears
         of anything else."""
         for _ in range(seconds):
@@ -85,19 +87,21 @@ class Watched(Game):
         return (ticks() - before) / os.sysconf("SC_CLK_TCK")
 
     def choose(self, menu, *keys):
-        """Opens a menu by its letter and goes to an entry by further keys."""
-        for key in ("Alt+" + menu, *keys):
+        """Opens a menu by its letter and goes to an entry by further keys, which close it."""
+        self.key("Alt+" + menu)
+        wait_until(lambda: self.windows(menus=True), "no menu opens")
+        for key in keys:
             self.key(key)
-            time.sleep(0.15)
+        wait_until(lambda: not self.windows(menus=True), "the menu stays open")
 
     def wait_for_panel(self):
         """Waits for the end of the title, a wipe in bars; then nothing but the mascots moves."""
-        wait_until(lambda: any(one[3] == 43 for one in self.drawn(0.1)), 20, "no wipe")
-        wait_until(lambda: all(one[3] < 200 for one in self.drawn(0.5)), 20, "it wipes on")
+        wait_until(lambda: any(one[3] == 43 for one in self.drawn(0.1)), "no wipe")
+        wait_until(lambda: all(one[3] < 200 for one in self.drawn(0.5)), "it wipes on")
 
     def play_to_a_slide(self):
         """Clicks at random, as long as it takes, until a card slides; its last strip."""
-        limit = time.monotonic() + 60
+        limit = time.monotonic() + 4 * PATIENCE
         while time.monotonic() < limit:
             self.press(*random.choice(HAND + PLACES))
             if len(seen := sliding(self.drawn(0.06))) > 1:
@@ -115,7 +119,7 @@ class Watched(Game):
 
     def loses_display(self, settings):
         self.screen.processes[0].kill()
-        status = self.process.wait(5)
+        status = self.process.wait(PATIENCE)
         assert status == 1, status
         said = self.complaints
         assert said.count("\n") == 1 and "connection broke" in said, said
@@ -125,13 +129,12 @@ class Watched(Game):
         """It takes a choice and little of the processor."""
         (self.folder / "config.crv").unlink()
         self.choose("p", "Return")
-        wait_until((self.folder / "config.crv").exists, 2, "it does not answer")
-        used = self.processor()
-        assert used < 0.3, "takes %d %% of a processor" % (used * 100)
+        wait_until((self.folder / "config.crv").exists, "it does not answer")
+        wait_until(lambda: self.processor() < 0.3, "it does not leave the processor alone")
         self.quits()
 
     def quits(self):
-        status = self.end("quit", 3)
+        status = self.end("quit")
         assert status == 0 and self.complaints == "", (status, self.complaints)
 
 
@@ -146,12 +149,11 @@ def folders():
                 subprocess.run(change, shell=True, check=True, cwd=game.folder,
                                env=os.environ | {"config": str(config)})
                 game.choose("p", "Return")
-                time.sleep(0.2)
-                found = [place.is_file() and place.read_bytes() == b" 0 \r\n 1 \r\n 100 \r\n"
-                         for place in (game.folder / "config.crv", config / "velarda/config.crv")]
-                assert found == expected, (change, environment, found)
                 game.choose("m", "Down", "Return")  # a melody whose file may be gone
                 game.quits()
+                found = [place.is_file() and place.read_bytes() == b" 1 \r\n 1 \r\n 100 \r\n"
+                         for place in (game.folder / "config.crv", config / "velarda/config.crv")]
+                assert found == expected, (change, environment, found)
             subprocess.run(["rm", "-rf", config / "velarda", game.folder], check=True)
 
         choose_rate("true", [True, False])
@@ -178,23 +180,24 @@ def pauses():
     display goes away under a sliding card."""
     with VirtualScreen() as screen, Watched(screen) as game:
         def steps():
-            """How often the gorilla moves in two seconds; it does so every 80 ms."""
-            moments = [one[0] for one in game.drawn(2) if one[1] == GORILLA]
-            assert sum(at < moments[0] + 0.1 for at in moments) < 20, "steps were made up for"
-            return sum(b - a > 0.02 for a, b in zip(moments, moments[1:]))
+            """How often the gorilla moves in two seconds; it does so every 80 ms, and less often
+            on a busy machine."""
+            boxes = collections.Counter(one[1:] for one in game.drawn(2) if one[1] == GORILLA)
+            return max(boxes.values(), default=0)
         game.wait_for_panel()
-        before, _, after = steps(), game.pause(2.5), steps()
-        assert 12 < before < 28 and 12 < after < 28, (before, after)
+        assert steps() > 0, "the gorilla does not play"
+        game.pause(2.5)
+        after = steps()
+        assert 0 < after < 28, "%d steps in two seconds: 25, and 31 were missed" % after
         game.press(*GO)
         last = game.play_to_a_slide()
         last = (sliding(game.pause(1)) or [last])[-1]
         rest = sliding(game.drawn(1))
         assert rest and 0 < rest[0][2] - last[2] < 8, "the slide does not go on where it was"
-        assert sum(one[0] < rest[0][0] + 0.05 for one in rest) < 6, "steps were made up for"
-        wait_until(lambda: not game.drawn(1.5), 60, "the game never waits for its player")
+        assert len(rest) < 70, "%d steps in a second: 60, and 60 were missed" % len(rest)
+        wait_until(lambda: not game.drawn(1.5), "the game never waits for its player", 60)
         game.pause(1)
-        used = game.processor()
-        assert used < 0.1, "waits with %d %% of a processor" % (used * 100)
+        wait_until(lambda: game.processor() < 0.1, "it waits without leaving the processor alone")
         game.play_to_a_slide()
         game.loses_display(b" 0 \r\n 3 \r\n 100 \r\n")
 
@@ -216,35 +219,51 @@ def clocks():
                 assert abs(int(shown) - time.time()) > 3600, "the clock has not been moved"
             game.wait_for_panel()
             length = time.monotonic() - begin
-            assert 2.5 < length < 7, "the title stood for %.1f s" % length
+            assert length > 2.5, "the title stood for %.1f s" % length
             game.quits()
 
 
 def sounds():
-    """The sound server is killed, or hangs, under a melody; drivers that do not work."""
+    """The sound server is killed, or hangs, under a melody; it comes late, or comes again; drivers
+    that do not work."""
     if not shutil.which("pulseaudio"):
-        sys.exit(77)  # the machine has another sound server
+        print("Skipped: there is no PulseAudio, and the machine's own sound server is left alone")
+        sys.exit(77)
     with VirtualScreen() as screen:
         socket = Path(screen.environment["XDG_RUNTIME_DIR"]) / "sound"
         heard = {"SDL_AUDIODRIVER": "pulseaudio", "PULSE_SERVER": "unix:%s" % socket}
-        for fault in (signal.SIGKILL, signal.SIGSTOP):
-            server = subprocess.Popen(
+
+        @contextlib.contextmanager
+        def server():
+            process = subprocess.Popen(
                 [*TIED, "pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "-L",
                  "module-null-sink", "-L", "module-native-protocol-unix socket=%s" % socket],
                 env=screen.environment, stderr=subprocess.DEVNULL)
             try:
-                wait_until(socket.exists, 10, "no sound server")
-                with Watched(screen, **heard) as game:
-                    game.choose("m", "Down", "Return")
-                    wait_until(lambda: subprocess.check_output(
-                        ["pactl", "list", "short", "sink-inputs"],
-                        env=screen.environment | heard), 15, "no melody is heard")
-                    server.send_signal(fault)
-                    game.goes_on()
+                wait_until(socket.exists, "no sound server")
+                yield process
             finally:
-                server.kill()
-                server.wait()
+                process.kill()
+                process.wait()
                 socket.unlink(missing_ok=True)
+
+        def is_heard():
+            return subprocess.check_output(["pactl", "list", "short", "sink-inputs"],
+                                           env=screen.environment | heard)
+
+        for fault in (signal.SIGKILL, signal.SIGSTOP):
+            with server() as process, Watched(screen, **heard) as game:
+                game.choose("m", "Down", "Return")
+                wait_until(is_heard, "no melody is heard")
+                process.send_signal(fault)
+                game.goes_on()
+        with Watched(screen, **heard) as game:
+            for time_of_server in ("late", "another one"):
+                game.choose("m", "Down", "Return")  # as yet, or by now, there is none
+                with server():
+                    game.choose("m", "Down", "Return")
+                    wait_until(is_heard, "no melody on a server that came " + time_of_server)
+            game.goes_on()
         for driver in ("none", "nonsense", "pulseaudio"):
             with Watched(screen, **heard | {"SDL_AUDIODRIVER": driver}) as game:
                 game.choose("m", "Down", "Return")

@@ -12,9 +12,8 @@ import sys
 import time
 
 from Xlib import X, Xutil, error
-from virtual_screen import Game, VirtualScreen
+from virtual_screen import PATIENCE, Game, VirtualScreen
 
-PATIENCE = 10  # seconds in which the program has to answer, and to end
 KEYS = [*"abcdefghijklmnoprstuvwxyz", *["F%d" % i for i in range(1, 13)], "Alt+Tab", "Alt+space",
         "Shift+Tab", "Home", "End", "Prior", "Next", "Delete",
         *["Left", "Right", "Up", "Down", "Return", "Escape", "Tab", "space"] * 3,

@@ -20,7 +20,10 @@ TIED = ["setpriv", "--pdeathsig", "KILL"]  # a test that is killed takes its pro
 FOREIGN = re.compile("WAYLAND|XDG|XAUTHORITY|DBUS|DESKTOP|QT_QPA")  # not of this screen
 
 
-def wait_until(condition, seconds, what):
+PATIENCE = 30  # seconds that anything may take on a machine that is busy with something else
+
+
+def wait_until(condition, what, seconds=PATIENCE):
     limit = time.monotonic() + seconds
     while not condition():
         if time.monotonic() > limit:
@@ -58,7 +61,7 @@ class VirtualScreen:
             first = self.root.create_window(0, 0, 9, 9, 0, X.CopyFromParent)
             there = self.atom("_NET_SUPPORTING_WM_CHECK")
             wait_until(lambda: self.root.get_full_property(there, X.AnyPropertyType) and (
-                first.map() or first.get_attributes().map_state == X.IsViewable), 20, "no manager")
+                first.map() or first.get_attributes().map_state == X.IsViewable), "no manager")
             first.destroy()
         return self
 
@@ -70,7 +73,7 @@ class VirtualScreen:
     def __exit__(self, *_):
         for process in reversed(self.processes):
             process.terminate()
-            process.wait(10)
+            process.wait(PATIENCE)
         self._folder.cleanup()
 
     def atom(self, name):
@@ -111,8 +114,9 @@ class Game:
     def settings(self):
         return (self.folder / "config.crv").read_bytes()
 
-    def windows(self, hidden=False):
-        """The program's windows, the front one first; with `hidden` also minimised ones."""
+    def windows(self, hidden=False, menus=False):
+        """The program's windows, the front one first; with `hidden` also minimised ones. Or the
+        `menus` that are open."""
         found = []
 
         def look(window, depth):
@@ -123,14 +127,14 @@ class Game:
                 if own and own.value[0] == self.process.pid:
                     seen, state = window.get_attributes(), window.get_wm_state()
                     iconic = hidden and state and state.state == Xutil.IconicState
-                    if not seen.override_redirect and (seen.map_state == X.IsViewable or iconic):
+                    if seen.override_redirect == menus and (seen.map_state == X.IsViewable or iconic):
                         found.append(window)
 
         look(self.screen.root, 3)
         return found[::-1]
 
-    def wait_for_window(self, seconds=30):
-        wait_until(lambda: self.windows() or self.process.poll() is not None, seconds, "no window")
+    def wait_for_window(self, seconds=PATIENCE):
+        wait_until(lambda: self.windows() or self.process.poll() is not None, "no window", seconds)
         assert self.process.poll() is None, "the program has ended: " + self.complaints
         return self.windows()[0]
 
@@ -160,7 +164,7 @@ class Game:
         (to or window).send_event(told, event_mask=mask)
         self.screen.display.sync()
 
-    def end(self, how="close", seconds=20):
+    def end(self, how="close", seconds=PATIENCE):
         """Ends it by the window ("close"), the menu ("quit") or a signal; gives the exit status."""
         if how == "close":
             for window in self.windows(hidden=True):

@@ -1,11 +1,18 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-#include "platform/qt/sound_device.h"
+#include "platform/sound/sound_device.h"
 
+#include <string>
 #include <utility>
+#include <vector>
 
-#include "platform/qt/sound_files.h"
+#include "platform/sound/midi_file.h"
+#include "platform/sound/sound_file.h"
+#include "platform/sound/sound_font.h"
+#include "platform/sound/wave_file.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -17,20 +24,20 @@ SoundClock::duration seconds(double value) {
     return std::chrono::duration_cast<SoundClock::duration>(std::chrono::duration<double>(value));
 }
 
-SDL_RWops* opened(const MixerLibrary& mixer, const QByteArray& file) {
-    return mixer.memory(file.constData(), static_cast<int>(file.size()));
+SDL_RWops* opened(const MixerLibrary& mixer, Bytes file) {
+    return mixer.memory(file.data(), static_cast<int>(file.size()));
 }
 
 }  // namespace
 
-Melody loadMelody(const QString& path) {
+Melody loadMelody(const fs::path& path) {
     Melody melody{.path = path};
     const MixerLibrary* mixer = MixerLibrary::find();
-    const QByteArray file = readSoundFile(path);
+    const std::vector<unsigned char> file = readSoundFile(path);
     const std::optional<double> length = melodySeconds(file);
     if (!mixer || !length) return melody;
-    const QString font = findSoundFont(mixer->soundFonts());
-    if (!font.isEmpty()) mixer->setSoundFonts(font.toLocal8Bit().constData());
+    const fs::path font = findSoundFont(mixer->soundFonts(), soundFontFolders());
+    if (!font.empty()) mixer->setSoundFonts(font.string().c_str());
     melody.music = {mixer->loadMelody(opened(*mixer, file), MUS_MID, SDL_TRUE), mixer->freeMelody};
     melody.length = seconds(*length);
     mixer->leaveThread();
@@ -81,15 +88,15 @@ void SoundDevice::dropWave() {
     wavePath_.clear();
 }
 
-void SoundDevice::readWave(const QString& path) {
+void SoundDevice::readWave(const fs::path& path) {
     dropWave();
-    const QByteArray file = readSoundFile(path);
+    const std::vector<unsigned char> file = readSoundFile(path);
     if (!plausibleWave(file)) return;
     wave_ = mixer_->loadWave(opened(*mixer_, file), SDL_TRUE);
     if (wave_) wavePath_ = path;
 }
 
-std::optional<SoundClock::duration> SoundDevice::playWave(const QString& path) {
+std::optional<SoundClock::duration> SoundDevice::playWave(const fs::path& path) {
     if (path != wavePath_) readWave(path);
     if (!wave_ || mixer_->playWave(0, wave_, 0, -1) != 0) return std::nullopt;
     return seconds(double(wave_->alen) / (rate * frame));

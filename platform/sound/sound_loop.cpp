@@ -1,23 +1,16 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-#include "platform/qt/sound_worker.h"
+#include "platform/sound/sound_loop.h"
 
 #include <algorithm>
-#include <array>
-#include <condition_variable>
-#include <mutex>
-#include <optional>
 #include <utility>
 
-#include "platform/qt/memory.h"
-#include "platform/qt/sound_device.h"
+#include "platform/sound/memory.h"
 
 namespace {
 
 using Time = SoundClock::time_point;
-
-constexpr Time never = Time::max();
 
 /// The libraries have one state for the whole process: a worker that was left behind while it
 /// loaded something must be done with them before the next one begins.
@@ -30,71 +23,14 @@ Time now() {
 
 }  // namespace
 
-/// What the worker's thread and the others share. Both keep it alive.
-class SoundWorker::Desk {
-public:
-    explicit Desk(const SoundPatience& patience) : patience_(patience) {}
-
-    /// The thread, up to `quit`.
-    void run();
-
-    void wish(DeviceType, SoundWish);
-    void withdraw(DeviceType, std::uint64_t number);
-    void quit();
-
-private:
-    struct Work {
-        std::array<SoundWish, 2> wishes;
-        bool lost = false, loaded = false;
-
-        SoundWish& of(DeviceType type) { return wishes[static_cast<std::size_t>(type)]; }
-    };
-    /// Of the melody: wanted but not ready, heard, heard on after its end has been reported.
-    enum class Stage { silent, wanted, heard, ended };
-
-    void stir(bool Work::*flag);
-    void report(const SoundWish&, bool atEnd);
-    std::optional<Work> nextWork();
-    bool loading() const { return loading_.valid(); }
-
-    void tendLoss(Work&);
-    void dropLoading();
-    void tendMelody(const SoundWish&);
-    void obey(const SoundWish&);
-    void goOn();
-    void advance(const SoundWish&);
-    void startLoading(const QString& path);
-    void passEnd(const SoundWish&);
-    void setMelody(Stage);
-    void failMelody(const SoundWish&);
-    void tendWave(const SoundWish&);
-    bool beginWave(const SoundWish&);
-    void tendSilence();
-
-    std::mutex mutex_;  ///< guards these four; not held while the device is at work
-    std::condition_variable changed_;
-    Work work_;
-    bool stirred_ = false, ending_ = false;
-
-    // The rest is the thread's own.
-    const SoundPatience patience_;
-    SoundDevice device_{[this] { stir(&Work::lost); }};
-    std::future<Melody> loading_;
-    Melody melody_;
-    Stage stage_ = Stage::silent;
-    std::uint64_t melodyNumber_ = 0, waveNumber_ = 0;  ///< of the wishes seen last
-    Time passed_{};                                    ///< when the melody's last end was reported
-    Time melodyEnd_ = never, giveUp_ = never, waveEnd_ = never, close_ = never;
-};
-
-void SoundWorker::Desk::wish(DeviceType type, SoundWish wish) {
+void SoundLoop::wish(DeviceType type, SoundWish wish) {
     const std::lock_guard lock(mutex_);
     work_.of(type) = std::move(wish);
     stirred_ = true;
     changed_.notify_all();
 }
 
-void SoundWorker::Desk::withdraw(DeviceType type, std::uint64_t number) {
+void SoundLoop::withdraw(DeviceType type, std::uint64_t number) {
     const std::lock_guard lock(mutex_);
     if (work_.of(type).number != number) return;
     work_.of(type) = {};
@@ -102,25 +38,25 @@ void SoundWorker::Desk::withdraw(DeviceType type, std::uint64_t number) {
     changed_.notify_all();
 }
 
-void SoundWorker::Desk::quit() {
+void SoundLoop::quit() {
     const std::lock_guard lock(mutex_);
     ending_ = true;
     changed_.notify_all();
 }
 
-void SoundWorker::Desk::stir(bool Work::*flag) {
+void SoundLoop::stir(bool Work::*flag) {
     const std::lock_guard lock(mutex_);
     work_.*flag = stirred_ = true;
     changed_.notify_all();
 }
 
 /// Under the lock: once `quit` has been called, nobody may be there to be told.
-void SoundWorker::Desk::report(const SoundWish& wish, bool atEnd) {
+void SoundLoop::report(const SoundWish& wish, bool atEnd) {
     const std::lock_guard lock(mutex_);
     if (!ending_ && wish.report) wish.report(atEnd);
 }
 
-void SoundWorker::Desk::run() {
+void SoundLoop::run() {
     const std::lock_guard alone(librariesInUse);
     while (std::optional<Work> work = nextWork()) {
         if (work->loaded) {
@@ -137,7 +73,7 @@ void SoundWorker::Desk::run() {
     device_.close();
 }
 
-std::optional<SoundWorker::Desk::Work> SoundWorker::Desk::nextWork() {
+std::optional<SoundLoop::Work> SoundLoop::nextWork() {
     const auto awake = [this] { return stirred_ || ending_; };
     const Time moment = std::min({melodyEnd_, giveUp_, waveEnd_, close_});
     std::unique_lock lock(mutex_);
@@ -153,7 +89,7 @@ std::optional<SoundWorker::Desk::Work> SoundWorker::Desk::nextWork() {
 }
 
 /// What was heard has come to nothing; the next wish tries the device again.
-void SoundWorker::Desk::tendLoss(Work& work) {
+void SoundLoop::tendLoss(Work& work) {
     if (!device_.isOpen()) return;
     dropLoading();
     const SoundWish &melody = work.of(DeviceType::Sequencer),
@@ -166,14 +102,14 @@ void SoundWorker::Desk::tendLoss(Work& work) {
     device_.close();
 }
 
-void SoundWorker::Desk::dropLoading() {
+void SoundLoop::dropLoading() {
     if (!loading()) return;
     loading_.get();
     const std::lock_guard lock(mutex_);
     work_.loaded = false;
 }
 
-void SoundWorker::Desk::tendMelody(const SoundWish& wish) {
+void SoundLoop::tendMelody(const SoundWish& wish) {
     if (wish.number != melodyNumber_) obey(wish);
     if (stage_ == Stage::wanted) advance(wish);
     if (now() >= melodyEnd_) passEnd(wish);
@@ -181,7 +117,7 @@ void SoundWorker::Desk::tendMelody(const SoundWish& wish) {
     if (stage_ == Stage::silent) melody_ = {};
 }
 
-void SoundWorker::Desk::obey(const SoundWish& wish) {
+void SoundLoop::obey(const SoundWish& wish) {
     melodyNumber_ = wish.number;
     if (stage_ == Stage::ended && wish.goesOn) return goOn();
     // A melody that is stopped and started goes on where it was: each begins as a new one.
@@ -190,14 +126,14 @@ void SoundWorker::Desk::obey(const SoundWish& wish) {
     setMelody(wish.number == 0 ? Stage::silent : Stage::wanted);
 }
 
-void SoundWorker::Desk::goOn() {
+void SoundLoop::goOn() {
     setMelody(Stage::heard);
     melodyEnd_ = passed_;
     while (melodyEnd_ <= now()) melodyEnd_ += melody_.length;
 }
 
 /// One step from a melody that is wanted to one that is heard.
-void SoundWorker::Desk::advance(const SoundWish& wish) {
+void SoundLoop::advance(const SoundWish& wish) {
     if (loading()) return;
     if (!device_.open()) return failMelody(wish);
     if (melody_.path != wish.path) return startLoading(wish.path);
@@ -206,7 +142,7 @@ void SoundWorker::Desk::advance(const SoundWish& wish) {
     melodyEnd_ = now() + melody_.length;
 }
 
-void SoundWorker::Desk::startLoading(const QString& path) {
+void SoundLoop::startLoading(const std::filesystem::path& path) {
     melody_ = {};
     loading_ = std::async(std::launch::async, [this, path] {
         Melody melody = loadMelody(path);
@@ -215,25 +151,25 @@ void SoundWorker::Desk::startLoading(const QString& path) {
     });
 }
 
-void SoundWorker::Desk::passEnd(const SoundWish& wish) {
+void SoundLoop::passEnd(const SoundWish& wish) {
     passed_ = melodyEnd_;
     setMelody(Stage::ended);
     giveUp_ = passed_ + patience_.end;
     report(wish, true);
 }
 
-void SoundWorker::Desk::setMelody(Stage stage) {
+void SoundLoop::setMelody(Stage stage) {
     if (stage == Stage::silent) device_.stopMelody();
     stage_ = stage;
     melodyEnd_ = giveUp_ = never;
 }
 
-void SoundWorker::Desk::failMelody(const SoundWish& wish) {
+void SoundLoop::failMelody(const SoundWish& wish) {
     setMelody(Stage::silent);
     report(wish, false);
 }
 
-void SoundWorker::Desk::tendWave(const SoundWish& wish) {
+void SoundLoop::tendWave(const SoundWish& wish) {
     if (wish.number != waveNumber_) {
         waveNumber_ = wish.number;
         waveEnd_ = never;
@@ -247,7 +183,7 @@ void SoundWorker::Desk::tendWave(const SoundWish& wish) {
     }
 }
 
-bool SoundWorker::Desk::beginWave(const SoundWish& wish) {
+bool SoundLoop::beginWave(const SoundWish& wish) {
     if (!device_.open() || now() - wish.asked > patience_.stale) return false;
     const std::optional<SoundClock::duration> length = device_.playWave(wish.path);
     if (length) waveEnd_ = now() + *length;
@@ -255,7 +191,7 @@ bool SoundWorker::Desk::beginWave(const SoundWish& wish) {
 }
 
 /// An open device wakes its thread many times a second, even to play nothing.
-void SoundWorker::Desk::tendSilence() {
+void SoundLoop::tendSilence() {
     const bool heard = stage_ != Stage::silent || loading() || waveEnd_ != never;
     if (heard || !device_.isOpen()) {
         close_ = never;
@@ -265,37 +201,4 @@ void SoundWorker::Desk::tendSilence() {
         device_.close();
         close_ = never;
     }
-}
-
-std::shared_ptr<SoundWorker> SoundWorker::shared() {
-    static std::weak_ptr<SoundWorker> present;
-    std::shared_ptr<SoundWorker> worker = present.lock();
-    if (!worker) present = worker = std::make_shared<SoundWorker>();
-    return worker;
-}
-
-SoundWorker::SoundWorker(const SoundPatience& patience)
-    : patience_(patience), desk_(std::make_shared<Desk>(patience)) {
-    std::promise<void> done;
-    finished_ = done.get_future();
-    thread_ = std::thread([desk = desk_, done = std::move(done)]() mutable {
-        desk->run();
-        done.set_value();
-    });
-}
-
-SoundWorker::~SoundWorker() {
-    desk_->quit();
-    if (finished_.wait_for(patience_.exit) == std::future_status::ready)
-        thread_.join();
-    else
-        thread_.detach();
-}
-
-void SoundWorker::wish(DeviceType type, SoundWish wish) {
-    desk_->wish(type, std::move(wish));
-}
-
-void SoundWorker::withdraw(DeviceType type, std::uint64_t number) {
-    desk_->withdraw(type, number);
 }

@@ -1,7 +1,7 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-#include "platform/qt/memory.h"
+#include "platform/sound/memory.h"
 
 #include <cstdlib>
 

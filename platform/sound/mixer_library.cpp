@@ -1,39 +1,29 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-#include "platform/qt/mixer_library.h"
+#include "platform/sound/mixer_library.h"
 
-#include <QLibrary>
 #include <optional>
+
+#include "platform/sound/shared_library.h"
 
 namespace {
 
-/// A library under the first of its names that can be loaded, and what could not be found in it.
-class Loaded {
+/// Takes functions out of a library, and knows whether all of them were there.
+class Taker {
 public:
-    explicit Loaded(const char* name) {
-        library_.setFileNameAndVersion(QString::fromLatin1(name) + QStringLiteral("-2.0"), 0);
-        if (library_.load()) return;
-        library_.setFileName(QString::fromLatin1(name));
-        complete_ = library_.load();
-    }
+    explicit Taker(const SharedLibrary& library) : library_(library) {}
 
     bool complete() const { return complete_; }
 
     template <class Function>
     void take(Function& function, const char* name) {
-        function = reinterpret_cast<Function>(library_.resolve(name));
+        function = library_.find<Function>(name);
         if (!function) complete_ = false;
     }
 
-    /// Also finds what the libraries have that this one is linked with.
-    template <class Function>
-    Function mayHave(const char* name) {
-        return reinterpret_cast<Function>(library_.resolve(name));
-    }
-
 private:
-    QLibrary library_;
+    const SharedLibrary& library_;
     bool complete_ = true;
 };
 
@@ -42,20 +32,20 @@ void ignoreAlsa(const char*, int, const char*, int, const char*, ...) {}
 void ignoreJack(const char*) {}
 
 /// A machine without a sound card, or a damaged melody, is no reason to write to the terminal.
-void silence(Loaded& mixer, Loaded& sdl, const MixerLibrary& functions) {
+void silence(const SharedLibrary& mixer, const SharedLibrary& sdl, const MixerLibrary& functions) {
     functions.setLog(ignoreLog, nullptr);
     using FluidLog = void (*)(int, const char*, void*);
     using SetFluidLog = FluidLog (*)(int, FluidLog, void*);
-    if (const auto set = mixer.mayHave<SetFluidLog>("fluid_set_log_function"))
+    if (const auto set = mixer.find<SetFluidLog>("fluid_set_log_function"))
         for (int level = 0; level < 5; ++level) set(level, nullptr, nullptr);
     using SetAlsaHandler = int (*)(decltype(&ignoreAlsa));
-    if (const auto set = sdl.mayHave<SetAlsaHandler>("snd_lib_error_set_handler")) set(ignoreAlsa);
+    if (const auto set = sdl.find<SetAlsaHandler>("snd_lib_error_set_handler")) set(ignoreAlsa);
     using SetJackHandler = void (*)(decltype(&ignoreJack));
     for (const char* name : {"jack_set_error_function", "jack_set_info_function"})
-        if (const auto set = mixer.mayHave<SetJackHandler>(name)) set(ignoreJack);
+        if (const auto set = mixer.find<SetJackHandler>(name)) set(ignoreJack);
 }
 
-void takeSdl(Loaded& sdl, MixerLibrary& functions) {
+void takeSdl(Taker& sdl, MixerLibrary& functions) {
     sdl.take(functions.setHint, "SDL_SetHint");
     sdl.take(functions.setLog, "SDL_LogSetOutputFunction");
     sdl.take(functions.init, "SDL_Init");
@@ -66,7 +56,7 @@ void takeSdl(Loaded& sdl, MixerLibrary& functions) {
     sdl.take(functions.memory, "SDL_RWFromConstMem");
 }
 
-void takeMixer(Loaded& mixer, MixerLibrary& functions) {
+void takeMixer(Taker& mixer, MixerLibrary& functions) {
     mixer.take(functions.openDevice, "Mix_OpenAudioDevice");
     mixer.take(functions.closeDevice, "Mix_CloseAudio");
     mixer.take(functions.allocateChannels, "Mix_AllocateChannels");
@@ -84,13 +74,14 @@ void takeMixer(Loaded& mixer, MixerLibrary& functions) {
 }
 
 std::optional<MixerLibrary> load() {
-    Loaded mixer("SDL2_mixer");
-    if (!mixer.complete()) return std::nullopt;
-    Loaded sdl("SDL2");
+    const SharedLibrary mixer{"SDL2_mixer-2.0", "SDL2_mixer"};
+    if (!mixer.isLoaded()) return std::nullopt;
+    const SharedLibrary sdl{"SDL2-2.0", "SDL2"};
     MixerLibrary functions;
-    takeSdl(sdl, functions);
-    takeMixer(mixer, functions);
-    if (!sdl.complete() || !mixer.complete()) return std::nullopt;
+    Taker ofMixer(mixer), ofSdl(sdl);
+    takeSdl(ofSdl, functions);
+    takeMixer(ofMixer, functions);
+    if (!ofSdl.complete() || !ofMixer.complete()) return std::nullopt;
     silence(mixer, sdl, functions);
     return functions;
 }

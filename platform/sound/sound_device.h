@@ -3,27 +3,25 @@
 
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-#include <chrono>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
-#include "platform/qt/mixer_library.h"
-
-using SoundClock = std::chrono::steady_clock;
+#include "platform/sound/mixer_library.h"
+#include "platform/sound/sound_wish.h"
 
 /// A melody ready to be played; without music when its file cannot be.
 struct Melody {
-    QString path;
+    std::filesystem::path path;
     std::unique_ptr<Mix_Music, void (*)(Mix_Music*)> music{nullptr, nullptr};
     SoundClock::duration length{};  ///< of one playing, when there is music
 };
 
 /// Reads a melody and the sound bank that it is played with, which may take seconds. The device
 /// must be open and stay so. For a thread that uses the sound libraries for nothing else.
-Melody loadMelody(const QString& path);
+Melody loadMelody(const std::filesystem::path&);
 
 /// The machine's sound device: one melody and one wave at a time. Every call may take long; all of
 /// them come from one thread at a time. There may be one of these.
@@ -43,7 +41,7 @@ public:
 
     /// Starts a wave over what is heard of the last; how long it takes, nothing when it cannot be
     /// played.
-    std::optional<SoundClock::duration> playWave(const QString& path);
+    std::optional<SoundClock::duration> playWave(const std::filesystem::path&);
     void stopWave();
     /// Starts a melody that then repeats without a gap.
     bool playMelody(const Melody&);
@@ -52,11 +50,11 @@ public:
 private:
     static int SDLCALL watch(void* device, SDL_Event*);
     static bool openMixer(const MixerLibrary&);
-    void readWave(const QString& path);
+    void readWave(const std::filesystem::path&);
     void dropWave();
 
     const MixerLibrary* mixer_ = nullptr;  ///< while the device is open
     std::function<void()> lost_;
     Mix_Chunk* wave_ = nullptr;
-    QString wavePath_;
+    std::filesystem::path wavePath_;
 };

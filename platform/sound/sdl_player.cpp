@@ -1,14 +1,12 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-#include "platform/qt/sdl_player.h"
+#include "platform/sound/sdl_player.h"
 
-#include <QCoreApplication>
-#include <QMetaObject>
 #include <utility>
 
-#include "platform/qt/sound_files.h"
-#include "platform/qt/sound_worker.h"
+#include "platform/sound/sound_file.h"
+#include "platform/sound/sound_worker.h"
 
 namespace {
 
@@ -19,7 +17,8 @@ std::uint64_t newWish() {
 
 }  // namespace
 
-SdlPlayer::SdlPlayer(DeviceType type) : type_(type), self_(std::make_shared<SdlPlayer*>(this)) {}
+SdlPlayer::SdlPlayer(DeviceType type, RunInGame runInGame)
+    : type_(type), runInGame_(std::move(runInGame)), self_(std::make_shared<SdlPlayer*>(this)) {}
 
 SdlPlayer::~SdlPlayer() {
     withdraw();
@@ -27,19 +26,19 @@ SdlPlayer::~SdlPlayer() {
 
 bool SdlPlayer::open(const std::string& path) {
     close();
-    file_ = findSoundFile(QString::fromStdString(path));
-    return !file_.isEmpty();
+    file_ = findSoundFile(pathOf(path));
+    return !file_.empty();
 }
 
 void SdlPlayer::play(std::int32_t) {
-    if (file_.isEmpty()) return;
+    if (file_.empty()) return;
     if (!worker_) worker_ = SoundWorker::shared();
     wish_ = newWish();
-    const auto report = [self = std::weak_ptr(self_), wish = wish_](bool atEnd) {
-        const auto deliver = [self, wish, atEnd] {
+    const auto report = [runInGame = runInGame_, self = std::weak_ptr(self_),
+                         wish = wish_](bool atEnd) {
+        runInGame([self, wish, atEnd] {
             if (const auto player = self.lock()) (*player)->reported(wish, atEnd);
-        };
-        QMetaObject::invokeMethod(qApp, deliver, Qt::QueuedConnection);
+        });
     };
     const bool goesOn = std::exchange(atEnd_, false);
     worker_->wish(type_, {wish_, file_, goesOn, SoundClock::now(), report});

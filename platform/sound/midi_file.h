@@ -1,0 +1,13 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <optional>
+
+#include "platform/sound/byte_reader.h"
+
+/// How long a MIDI file plays, in seconds. Nothing unless the file is sound in every part and
+/// plays for between half a second and an hour: a synthesizer that plays anything else over and
+/// over may never come back from it.
+std::optional<double> melodySeconds(Bytes file);
