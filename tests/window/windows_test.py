@@ -17,6 +17,8 @@ TABLE, SHEET = (40, 60, 640, 500), (700, 100, 500, 400)  # where the player puts
 
 
 class Player(Monkey):
+    most = 11
+
     def __init__(self, screen):
         super().__init__(screen, sys.argv[1], 1, PACE)
         self.cards, self.given = 100, b"\xef\xbb\xbf 3 \r\n 3 \r\n 100 \r\n"
@@ -64,11 +66,7 @@ class Player(Monkey):
     def expect_at(self, window, place, what):
         def is_there():
             return self.place(window) == place and not self.is_maximised(window)
-        try:
-            wait_until(is_there, 5, "")
-        except TimeoutError:
-            raise AssertionError("%s is at %s, was left at %s, %smaximised" % (
-                what, self.place(window), place, "" if self.is_maximised(window) else "not ")) from None
+        wait_until(is_there, 10, "%s is not as it was left, at %s" % (what, place))
 
     def tell_manager(self, window, message, *data):
         self.send(window, message, *data, to=self.screen.root,
