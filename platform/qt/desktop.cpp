@@ -8,7 +8,6 @@
 #include <QEventLoop>
 #include <QMetaObject>
 #include <QTimer>
-#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <functional>
@@ -117,9 +116,8 @@ void Desktop::writeSettings(const std::string& text) {
 void Desktop::show(Form& form) {
     FormWindow& shown = window(form);
     // A player who has put the game away is not to be disturbed by the next window.
-    const bool away = std::any_of(windows_.begin(), windows_.end(), [](const Opened& one) {
-        return one.window->isVisible() && one.window->isMinimized();
-    });
+    const bool away = front_ && front_->isAway();
+    front_ = &shown;
     shown.takeControls();
     shown.comeForward(away);
     for (auto later = windows_.rbegin(); later->form != &form; ++later) later->window->hide();

@@ -53,4 +53,5 @@ private:
         std::unique_ptr<FormWindow> window;
     };
     std::vector<Opened> windows_;  ///< in the order in which they were first needed
+    FormWindow* front_ = nullptr;  ///< the one shown last
 };

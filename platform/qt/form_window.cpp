@@ -109,6 +109,10 @@ void FormWindow::comeForward(bool asIcon) {
     activateWindow();
 }
 
+bool FormWindow::isAway() const {
+    return isVisible() && isMinimized();
+}
+
 /// A button that comes up can be pressed from the keyboard at once.
 void FormWindow::focusFirstButton() {
     if (focusWidget() && focusWidget()->isVisible()) return;

@@ -28,6 +28,8 @@ public:
     /// Shows it in front, maximised if the form asks for it, else as the player left it; or
     /// minimised, to become that when it is put back.
     void comeForward(bool asIcon);
+    /// True while the player has it minimised.
+    bool isAway() const;
     /// Takes up the controls of a form that has been loaded anew.
     void takeControls();
 

@@ -8,10 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <vector>
 
 #include "platform/form.h"
-#include "platform/headless/headless.h"
 
 namespace {
 
@@ -98,35 +96,6 @@ TEST(Press, OnACardOfTheTableIsCountedToIt) {
         for (int i = 0; i < 3; ++i) wrong += miscounted(layout.rows, i, down);
     });
     EXPECT_EQ(wrong, 0);
-}
-
-TEST(Press, LiesInItsOwnPixel) {
-    int wrong = 0;
-    for (int pixels = 320; pixels <= 7680; ++pixels) {
-        const double across = pixels / static_cast<double>(unitsAcross);
-        for (int pixel = 0; pixel < pixels; pixel += 7)
-            wrong += pixelAt(pressOn(pixel, across), across) != pixel;
-    }
-    EXPECT_EQ(wrong, 0);
-}
-
-/// A slot from which a card has been erased beside one that still has its card, on the window and
-/// at the scale where their edge runs through the middle of a pixel.
-TEST(Point, TellsABareSlotFromItsNeighbourOnTheEdgeItself) {
-    Headless backend;
-    Form form;
-    form.backend = &backend;
-    BackColor(form, 0x7000);
-    for (const int pixels : {800, 1280, 1920, 3840}) {
-        form.grid.x = pixels / static_cast<double>(unitsAcross);
-        const float edge = middleOf(pixels / 2, form.grid.x);
-        Cls(form);
-        PaintPicture(form, 1, edge, 100, 60, 100);
-        const int first = firstPixel(edge, form.grid.x);
-        EXPECT_NE(Point(form, pressOn(first, form.grid.x), 150.5f), 0x7000) << pixels;
-        EXPECT_GT(pressOn(first, form.grid.x), edge) << pixels;
-        EXPECT_EQ(Point(form, pressOn(first - 1, form.grid.x), 150.5f), 0x7000) << pixels;
-    }
 }
 
 }  // namespace

@@ -23,6 +23,8 @@ SCREENS = [(1280, 1024)] * 6 + [(640, 480), (1920, 1080), (3840, 2160), (7680, 4
 
 
 class Monkey(Game):
+    most = 6  # cards of which sets are tried; it may give up a hand that needs others
+
     def __init__(self, screen, program, seed, pace=1):
         if pace != 1:  # the program's clock runs faster, so that a short run sees more of the game
             screen.environment |= {"LD_PRELOAD": "/usr/$LIB/faketime/libfaketimeMT.so.1",
@@ -60,7 +62,7 @@ class Monkey(Game):
         cards = [place for place in places
                  if look(*place, 1, 1, X.ZPixmap, 0xFFFFFF).data[:3] != b"\0\x70\0"]
         # Every set of the first cards, each by one click from the one before.
-        for step in range(1, 2 ** min(len(cards), 6) if len(cards) < 12 else 2):
+        for step in range(1, 2 ** min(len(cards), self.most) if len(cards) < 12 else 2):
             self.press(*cards[(step & -step).bit_length() - 1])
             time.sleep(0.005)
 

@@ -17,6 +17,8 @@ TABLE, SHEET = (40, 60, 640, 500), (700, 100, 500, 400)  # where the player puts
 
 
 class Player(Monkey):
+    most = 11
+
     def __init__(self, screen):
         super().__init__(screen, sys.argv[1], 1, PACE)
         self.cards, self.given = 100, b"\xef\xbb\xbf 3 \r\n 3 \r\n 100 \r\n"
@@ -51,7 +53,7 @@ class Player(Monkey):
                 self.key("Return")
             time.sleep(0.1)
             return self.front()[1] == "table"
-        wait_until(table_is_back, 20, "CONTINUE does not bring the table back")
+        wait_until(table_is_back, "CONTINUE does not bring the table back")
         return self.front()[0]
 
     def is_maximised(self, window):
@@ -59,16 +61,12 @@ class Player(Monkey):
         return bool(states) and self.screen.atom("_NET_WM_STATE_MAXIMIZED_VERT") in states.value
 
     def expect_maximised(self, window, what):
-        wait_until(lambda: self.is_maximised(window), 10, what + " is not maximised")
+        wait_until(lambda: self.is_maximised(window), what + " is not maximised")
 
     def expect_at(self, window, place, what):
         def is_there():
             return self.place(window) == place and not self.is_maximised(window)
-        try:
-            wait_until(is_there, 5, "")
-        except TimeoutError:
-            raise AssertionError("%s is at %s, was left at %s, %smaximised" % (
-                what, self.place(window), place, "" if self.is_maximised(window) else "not ")) from None
+        wait_until(is_there, "%s is not as it was left, at %s" % (what, place))
 
     def tell_manager(self, window, message, *data):
         self.send(window, message, *data, to=self.screen.root,
@@ -78,16 +76,16 @@ class Player(Monkey):
         """Takes the window out of its maximised state and puts it at a place."""
         states = [self.screen.atom("_NET_WM_STATE_MAXIMIZED_" + way) for way in ("HORZ", "VERT")]
         self.tell_manager(window, "_NET_WM_STATE", 0, *states)
-        wait_until(lambda: not self.is_maximised(window), 10, "it stays maximised")
+        wait_until(lambda: not self.is_maximised(window), "it stays maximised")
         left, top, width, height = place
         window.configure(x=left, y=top, width=width, height=height)
         self.expect_at(window, place, "what was put there")
 
     def minimise_and_restore(self, window):
         self.tell_manager(window, "WM_CHANGE_STATE", Xutil.IconicState)
-        wait_until(lambda: not self.windows(), 10, "it is not minimised")
+        wait_until(lambda: not self.windows(), "it is not minimised")
         self.tell_manager(window, "_NET_ACTIVE_WINDOW", 2)
-        wait_until(self.windows, 10, "it does not come back")
+        wait_until(self.windows, "it does not come back")
 
     def choose_21_points(self):
         """With the last option, at its right end; a match of several hands."""
@@ -97,7 +95,7 @@ class Player(Monkey):
         x, y = width * 470 // 800, bar + (height - bar) * 166 // 600
         yellow = b"\xc0\xff\xff"
         wait_until(lambda: window.get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFF).data[:3] == yellow,
-                   30, "no option")
+                   "no option")
         self.press(left + x, top + y)
 
 
@@ -121,6 +119,6 @@ with VirtualScreen() as screen, Player(screen) as game:
     game.expect_at(table, TABLE, "the table after the second sheet")
     for key in ("Alt+p", "Return"):
         game.key(key)
-    wait_until(lambda: game.settings == b" 3 \r\n 1 \r\n 100 \r\n", 10,
+    wait_until(lambda: game.settings == b" 3 \r\n 1 \r\n 100 \r\n",
                "settings read past their byte-order mark: %r" % game.settings)
     assert game.end("quit") == 0, game.complaints
