@@ -3,8 +3,8 @@
 
 #include "game/capture.h"
 
+#include "state/card_holders.h"
 #include "state/cards.h"
-#include "state/holders.h"
 #include "state/state.h"
 #include "table/ace_sweep.h"
 #include "table/painting.h"

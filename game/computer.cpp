@@ -5,11 +5,11 @@
 
 #include "game/capture.h"
 #include "platform/chance.h"
+#include "state/card_holders.h"
 #include "state/cards.h"
-#include "state/holders.h"
 #include "state/state.h"
-#include "table/motion.h"
 #include "table/painting.h"
+#include "table/pause.h"
 
 namespace frmscopa {
 namespace {

@@ -11,8 +11,8 @@
 /// A colour as 0xBBGGRR: 0xFF is pure red.
 using Colour = std::int32_t;
 
-/// Who raises an event. The game names its forms, controls, timers and devices (state/sources.h);
-/// the platform only carries the names about.
+/// Who raises an event. The game names its forms, controls, timers and devices
+/// (state/event_sources.h); the platform only carries the names about.
 enum class Source : std::uint8_t;
 
 enum class Kind : std::uint8_t { image, label, button, option, text };

@@ -8,7 +8,7 @@
 #include "game/event_table.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/end_signals.h"
-#include "platform/sound/memory.h"
+#include "platform/sound/memory_pools.h"
 #include "state/state.h"
 
 namespace {

@@ -10,9 +10,9 @@
 #include "platform/array.h"
 #include "platform/events.h"
 #include "platform/form.h"
-#include "platform/media.h"
+#include "platform/media_device.h"
+#include "state/event_sources.h"
 #include "state/melodies.h"
-#include "state/sources.h"
 
 class Backend;
 

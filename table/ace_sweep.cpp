@@ -4,7 +4,7 @@
 #include "table/ace_sweep.h"
 
 #include "state/state.h"
-#include "table/motion.h"
+#include "table/pause.h"
 
 using frmscopa::ritardo;
 

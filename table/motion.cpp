@@ -5,6 +5,7 @@
 
 #include "state/state.h"
 #include "table/painting.h"
+#include "table/pause.h"
 
 using frmscopa::ritardo;
 
@@ -14,12 +15,6 @@ constexpr float slideStep = 2;  ///< units
 constexpr float bannerTime = 120;
 
 }  // namespace
-
-void frmscopa::ritardo(Game& g, float t) {
-    const double duration = static_cast<double>(t) * 10 / g.velocita;
-    const double end = rtcGetTimer(g) + duration;
-    while (rtcGetTimer(g) < end) rtcDoEvents(g, end);
-}
 
 void showLaid(Game& g, int row, int column) {
     showCard(g, g.cartaGiocata, placeSpot(g, {row, column}));

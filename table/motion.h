@@ -8,14 +8,6 @@ struct Game;
 // What a move looks like: painting and waiting, step by step. What a step means for the game is
 // decided elsewhere.
 
-namespace frmscopa {
-
-/// The game's pause: t seconds at the "Low" rate, t * 10 / velocita in all. The rate counts as it
-/// stands at the call. Runs events.
-void ritardo(Game&, float t);
-
-}  // namespace frmscopa
-
 /// Shows the played card at a place of the table, then clears where it was, posX and posY. Runs no
 /// events.
 void showLaid(Game&, int row, int column);

@@ -3,8 +3,8 @@
 
 #include "table/painting.h"
 
+#include "state/card_holders.h"
 #include "state/cards.h"
-#include "state/holders.h"
 #include "state/state.h"
 
 namespace {

@@ -6,8 +6,8 @@
 #include <bit>
 #include <charconv>
 
+#include "state/card_holders.h"
 #include "state/cards.h"
-#include "state/holders.h"
 #include "state/rounding.h"
 #include "state/scoring.h"
 #include "state/state.h"

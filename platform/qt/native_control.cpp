@@ -10,7 +10,7 @@
 #include "platform/form.h"
 #include "platform/qt/option_bar.h"
 #include "platform/qt/surface_view.h"
-#include "platform/qt/text.h"
+#include "platform/qt/text_drawing.h"
 #include "platform/qt/text_panel.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <QStyle>
 #include <algorithm>
 
-#include "platform/qt/text.h"
+#include "platform/qt/text_drawing.h"
 
 namespace {
 

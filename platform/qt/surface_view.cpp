@@ -12,7 +12,7 @@
 
 #include "platform/events.h"
 #include "platform/qt/picture_cache.h"
-#include "platform/qt/text.h"
+#include "platform/qt/text_drawing.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <algorithm>
 
 #include "platform/events.h"
-#include "platform/qt/text.h"
+#include "platform/qt/text_drawing.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/sound/memory.h"
+#include "platform/sound/memory_pools.h"
 
 namespace {
 

@@ -15,7 +15,7 @@
 #include "../sound/sound_bank.h"
 #include "platform/events.h"
 #include "platform/headless/headless.h"
-#include "platform/media.h"
+#include "platform/media_device.h"
 #include "platform/sound/sdl_player.h"
 #include "platform/sound/shared_library.h"
 

@@ -7,8 +7,8 @@
 
 #include "game/computer.h"
 #include "game/human.h"
+#include "state/card_holders.h"
 #include "state/cards.h"
-#include "state/holders.h"
 #include "table/painting.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/headless/headless.h"
-#include "preferences/sound.h"
+#include "preferences/music.h"
 #include "state/state.h"
 
 namespace {

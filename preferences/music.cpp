@@ -1,7 +1,7 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-#include "preferences/sound.h"
+#include "preferences/music.h"
 
 #include "platform/backend.h"
 #include "preferences/settings.h"

@@ -1,15 +1,16 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-#include "game/outcome.h"
+#include "game/move_outcome.h"
 
 #include <algorithm>
 
 #include "platform/chance.h"
+#include "state/card_holders.h"
 #include "state/cards.h"
-#include "state/holders.h"
 #include "state/state.h"
 #include "table/motion.h"
+#include "table/pause.h"
 
 namespace frmscopa {
 namespace {

@@ -1,7 +1,7 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-#include "platform/qt/text.h"
+#include "platform/qt/text_drawing.h"
 
 #include <QFontMetricsF>
 #include <QGuiApplication>

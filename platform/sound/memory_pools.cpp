@@ -1,7 +1,7 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-#include "platform/sound/memory.h"
+#include "platform/sound/memory_pools.h"
 
 #include <cstdlib>
 

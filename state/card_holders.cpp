@@ -1,7 +1,7 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-#include "state/holders.h"
+#include "state/card_holders.h"
 
 #include <string_view>
 

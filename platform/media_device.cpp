@@ -1,7 +1,7 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-#include "platform/media.h"
+#include "platform/media_device.h"
 
 #include <algorithm>
 #include <cctype>
