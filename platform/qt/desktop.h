@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QObject>
 #include <memory>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include "platform/qt/form_window.h"
 #include "platform/qt/picture_cache.h"
 
+class QWindow;
 struct Runtime;
 
 /// The desktop backend: real windows, the system's clock, the settings file. A QApplication must
@@ -45,6 +47,7 @@ protected:
 
 private:
     FormWindow* existing(const Form&) const;
+    void keepInFront(const QWindow* focused);
 
     PictureCache pictures_;
     QElapsedTimer clock_;
@@ -54,4 +57,5 @@ private:
     };
     std::vector<Opened> windows_;  ///< in the order in which they were first needed
     FormWindow* front_ = nullptr;  ///< the one shown last
+    QObject ear_;                  ///< hears of the focus as long as the windows are there
 };
