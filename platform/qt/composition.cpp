@@ -1,0 +1,284 @@
+// Velarda, a card game of the Scopa family.
+// SPDX-License-Identifier: MIT
+
+#include "platform/qt/composition.h"
+
+#include <QList>
+#include <QPointF>
+#include <QRectF>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+#include <optional>
+#include <vector>
+
+#include "platform/qt/arrangement.h"
+#include "platform/qt/svg_tag.h"
+
+namespace {
+
+class Composition {
+public:
+    Composition(QSizeF design, QSizeF box) : design_(design), box_(box) {
+        const QRectF all({0, 0}, box);
+        field_ = all.adjusted(fieldInset, fieldInset, -fieldInset, -fieldInset);
+        inFrame_ = all.adjusted(frameInset, frameInset, -frameInset, -frameInset);
+        QRectF last({0, 0}, indexSize);
+        last.moveBottomRight(all.bottomRight());
+        index_ = {Shape{QRectF({0, 0}, indexSize)}, Shape{last}};
+    }
+
+    /// What stands in the place of one of our own tags; nothing for any other tag.
+    std::optional<QByteArray> inPlaceOf(const QByteArray& tag) {
+        if (tag.startsWith("<g stand=")) return standing(tag);
+        if (open_ > 0 && tag.startsWith("<g")) ++open_;
+        if (open_ > 0 && tag == "</g>") --open_;
+        if (tag.startsWith("<rect ") && open_ > 0) return grown(tag);
+        if (leftOut(tag)) return QByteArray();
+        if (tag.startsWith("<signs ")) return signs(tag);
+        if (tag.startsWith("<crossed ")) return crossed(tag);
+        if (tag.startsWith("<ornament ")) return ornaments(tag);
+        if (tag.startsWith("<tiles ")) return tiles(tag);
+        return std::nullopt;
+    }
+
+private:
+    bool leftOut(const QByteArray& tag) const;
+    QByteArray standing(const QByteArray& tag);
+    QByteArray grown(const QByteArray& tag) const;
+    QByteArray signs(const QByteArray& tag);
+    QByteArray crossed(const QByteArray& tag);
+    QByteArray drawn(const Bundle& bundle, const QByteArray& tag, QPointF middle) const;
+    QByteArray ornaments(const QByteArray& tag);
+    QByteArray tiles(const QByteArray& tag) const;
+
+    QPointF spot(const QByteArray& at) const;
+    bool isFree(const Shape& shape, double gap) const;
+    bool fit(const std::vector<Shape>& all, bool apart) const;
+    void take(const Shape& shape);
+    QSizeF design_, box_;
+    QRectF field_, inFrame_;  ///< what a card has for its signs, and with the frame's room
+    std::array<Shape, 2> index_;
+    std::vector<Shape> taken_;  ///< by signs and ornaments
+    QRectF signsBox_;           ///< round all signs
+    QSizeF grown_;              ///< of the rectangles in the group that is being read
+    int open_ = 0;              ///< groups, from the one that stands somewhere
+};
+
+bool Composition::leftOut(const QByteArray& tag) const {
+    const double shape = box_.width() / box_.height();
+    return shape < number(attribute(tag, "from"), 0) ||
+           shape >= number(attribute(tag, "below"), HUGE_VAL);
+}
+
+QByteArray Composition::standing(const QByteArray& tag) {
+    const QByteArray stand = attribute(tag, "stand");
+    const bool fill = stand == "fill";
+    const QSizeF spare = box_ - design_;
+    const auto moved = [&](const char* first, const char* last, double room) {
+        if (fill || stand.contains(first)) return 0.0;
+        return stand.contains(last) ? room : room / 2;
+    };
+    const auto both = [&](const char* first, const char* last) {
+        return fill || (stand.contains(first) && stand.contains(last));
+    };
+    grown_ = {both("left", "right") ? spare.width() : 0,
+              both("top", "bottom") ? spare.height() : 0};
+    open_ = 1;
+    if (leftOut(tag)) return "<g display=\"none\">";
+    return "<g transform=\"translate(" + inText(moved("left", "right", spare.width())) + ' ' +
+           inText(moved("top", "bottom", spare.height())) + ")\">";
+}
+
+QByteArray Composition::grown(const QByteArray& tag) const {
+    QByteArray out = tag;
+    const auto grow = [&](const char* name, double by) {
+        const QByteArray old = attribute(tag, name);
+        const QByteArray before = ' ' + QByteArray(name) + "=\"";
+        out.replace(before + old + '"', before + inText(old.toDouble() + by) + '"');
+    };
+    grow("width", grown_.width());
+    grow("height", grown_.height());
+    return out;
+}
+
+bool Composition::isFree(const Shape& shape, double gap) const {
+    const auto clear = [&](const Shape& other) { return distance(shape, other) >= gap; };
+    return std::all_of(taken_.begin(), taken_.end(), clear) &&
+           std::all_of(index_.begin(), index_.end(), clear);
+}
+
+QByteArray Composition::signs(const QByteArray& tag) {
+    const QSizeF size = sizeOf(tag, "href-size"), other = sizeOf(tag, "middle-size");
+    const bool apart = attribute(tag, "apart") == "1", round = attribute(tag, "round") == "1";
+    const auto isMiddle = [&](std::size_t i, std::size_t count) {
+        return other.isValid() && 2 * i + 1 == count;
+    };
+    const auto shapes = [&](const std::vector<QPointF>& middles, double scale) {
+        std::vector<Shape> all;
+        for (const QPointF& middle : middles)
+            all.push_back(
+                shapeAt(middle, isMiddle(all.size(), middles.size()) ? other : size, scale, round));
+        return all;
+    };
+    double best = 0, liked = 0;
+    std::vector<QPointF> middles;
+    for (const Way& way : waysToSet(attribute(tag, "rows"), apart)) {
+        const QRectF field = inside(apart ? inFrame_ : field_, way.inset);
+        const double most = std::min({field.width() / size.width(), field.height() / size.height(),
+                                      number(attribute(tag, "most"), HUGE_VAL)});
+        const double scale = largest(most, [&](double tried) {
+            return fit(shapes(places(way, field, size * tried), tried), apart);
+        });
+        if (scale * way.liking <= liked * 1.005) continue;
+        liked = scale * way.liking;
+        best = scale;
+        middles = places(way, field, size * scale);
+    }
+    QByteArray out;
+    const QPointF centre = field_.center();
+    for (std::size_t i = 0; i < middles.size(); ++i) {
+        const QPointF from = middles[i] - centre;
+        const bool turned = from.y() > 0.1 || (from.y() > -0.1 && from.x() > 0.1);
+        out += use(attribute(tag, isMiddle(i, middles.size()) ? "middle" : "href"), middles[i],
+                   best, turned ? 180 : 0);
+    }
+    for (const Shape& shape : shapes(middles, best)) take(shape);
+    return out;
+}
+
+bool Composition::fit(const std::vector<Shape>& all, bool apart) const {
+    for (std::size_t a = 0; a < all.size(); ++a) {
+        if (!apart && !isFree(all[a], 1)) return false;
+        for (std::size_t b = a + 1; b < all.size(); ++b)
+            if (distance(all[a], all[b]) < (apart ? -0.01 : leastGap)) return false;
+    }
+    return true;
+}
+
+void Composition::take(const Shape& shape) {
+    taken_.push_back(shape);
+    signsBox_ |= shape.box;
+}
+
+QByteArray Composition::drawn(const Bundle& bundle, const QByteArray& tag, QPointF middle) const {
+    const QByteArray first = attribute(tag, "href"), other = attribute(tag, "other");
+    const QByteArray upright = attribute(tag, "upright");
+    const double degrees = bundle.lean * 180 / std::numbers::pi;
+    QByteArray out = use(first, middle, bundle.scale, degrees, true) +
+                     use(other.isEmpty() ? first : other, middle, bundle.scale, -degrees);
+    if (upright.isEmpty()) return out;
+    const double fitting = 1.06 * bundle.size.height() / sizeOf(tag, "upright-size").height();
+    return out + use(upright, middle, std::min(bundle.scale, fitting));
+}
+
+QByteArray Composition::crossed(const QByteArray& tag) {
+    const QSizeF sign = sizeOf(tag, "href-size"), lying = sizeOf(tag, "between-size");
+    const double widest = attribute(tag, "upright").isEmpty() ? 0.87 : 0.6;
+    const bool two = attribute(tag, "bundles") == "2";
+    const QPointF centre = field_.center();
+    Bundle best;
+    QPointF first = centre;
+    double between = 0, turn = 0;
+    for (const bool beside : {false, true})
+        for (const bool narrowed : {true, false}) {
+            QRectF field = inside(field_, narrowed ? QSizeF(indexSize.width() - fieldInset, 0)
+                                                   : QSizeF(0, indexSize.height() - fieldInset));
+            const double length = beside ? field_.height() : field_.width();
+            const double scale = lying.isValid() ? std::min(1.3, length / lying.height()) : 0;
+            const double strip = lying.isValid() ? lying.width() * scale + 6 : 5;
+            if (two && beside) field.setRight(centre.x() - strip / 2);
+            if (two && !beside) field.setBottom(centre.y() - strip / 2);
+            const Bundle tried = bundleIn(field.size(), sign, widest);
+            if (tried.area() <= best.area()) continue;
+            best = tried;
+            first = field.center();
+            between = scale;
+            turn = beside ? 0 : 90;
+        }
+    take(shapeAt(first, best.size, 1));
+    take(shapeAt(2 * centre - first, best.size, 1));
+    const QByteArray one = drawn(best, tag, first);
+    if (!two) return one;
+    QByteArray out = one + "<g transform=\"rotate(180 " + inText(centre.x()) + ' ' +
+                     inText(centre.y()) + ")\">" + one + "</g>";
+    if (lying.isValid()) out += use(attribute(tag, "between"), centre, between, turn);
+    return out;
+}
+
+QPointF Composition::spot(const QByteArray& at) const {
+    const QList<QByteArray> parts = at.split(' ');
+    return {parts[0] == "left" ? (field_.left() + signsBox_.left()) / 2
+                               : field_.left() + parts[0].toDouble() * field_.width(),
+            parts[1] == "top" ? (field_.top() + signsBox_.top()) / 2
+                              : field_.top() + parts[1].toDouble() * field_.height()};
+}
+
+QByteArray Composition::ornaments(const QByteArray& tag) {
+    const double turn = number(attribute(tag, "turn"), 0);
+    const double most = number(attribute(tag, "most"), 1);
+    const double least = number(attribute(tag, "least"), 0.6);
+    QSizeF size = sizeOf(tag, "href-size");
+    if (turn == 90 || turn == 270) size.transpose();
+    const QByteArray name = attribute(tag, "href");
+    const QPointF centre = field_.center();
+    QByteArray out;
+    std::vector<Shape> set;
+    const QList<QByteArray> all = attribute(tag, "at").split('|');
+    for (const QByteArray& at : all) {
+        const QPointF place = spot(at);
+        const auto fits = [&](double scale) {
+            const Shape shape = shapeAt(place, size, scale);
+            return field_.contains(shape.box) && isFree(shape, 1);
+        };
+        const double scale = largest(most, fits);
+        if (scale < least) continue;
+        out += use(name, place, scale, turn);
+        set.push_back(shapeAt(place, size, scale));
+        if (std::hypot(place.x() - centre.x(), place.y() - centre.y()) < 1) continue;
+        out += use(name, 2 * centre - place, scale, turn + 180);
+        set.push_back(shapeAt(2 * centre - place, size, scale));
+    }
+    taken_.insert(taken_.end(), set.begin(), set.end());
+    return out;
+}
+
+QByteArray Composition::tiles(const QByteArray& tag) const {
+    const QSizeF step = sizeOf(tag, "step");
+    const QPointF centre(box_.width() / 2, box_.height() / 2);
+    const int across = static_cast<int>(centre.x() / step.width() + 0.5);
+    const int down = static_cast<int>(centre.y() / step.height() + 0.5);
+    QByteArray out;
+    for (int row = -down; row <= down; ++row)
+        for (int column = -across; column <= across; ++column)
+            out += use(attribute(tag, "href"),
+                       centre + QPointF(column * step.width(), row * step.height()), 1);
+    return out;
+}
+
+}  // namespace
+
+QByteArray composed(const QByteArray& picture, QSize box) {
+    const auto root = picture.indexOf("<svg"), inside = picture.indexOf('>', root) + 1;
+    const QList<QByteArray> view =
+        attribute(picture.mid(root, inside - root), "viewBox").split(' ');
+    const QSizeF design(view[2].toDouble(), view[3].toDouble());
+    const double scale = std::min(box.width() / design.width(), box.height() / design.height());
+    const QSizeF units = QSizeF(box) / scale;
+    QByteArray out =
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\" "
+        "viewBox=\"0 0 " +
+        inText(units.width()) + ' ' + inText(units.height()) + "\">";
+    Composition composition(design, units);
+    for (auto at = inside; at < picture.size();) {
+        const auto tag = picture.indexOf('<', at);
+        if (tag < 0) break;
+        const auto after = picture.indexOf('>', tag) + 1;
+        const QByteArray text = picture.mid(tag, after - tag);
+        const auto instead = composition.inPlaceOf(text);
+        out += picture.mid(at, tag - at) + instead.value_or(text);
+        at = after;
+    }
+    return out;
+}
