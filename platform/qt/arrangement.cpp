@@ -63,7 +63,7 @@ std::vector<QPointF> places(const Way& way, const QRectF& field, QSizeF sign) {
     return middles;
 }
 
-std::vector<Way> waysToSet(const QByteArray& rows, bool apart) {
+std::vector<Way> waysToSet(const QByteArray& rows, QSizeF index, bool apart) {
     std::vector<Way> ways;
     const QList<QByteArray> all = rows.split('|');
     for (const QByteArray& one : all) {
@@ -80,9 +80,12 @@ std::vector<Way> waysToSet(const QByteArray& rows, bool apart) {
                 continue;
             }
             for (const bool toTheEnds : {false, true})
-                for (const QSizeF inset : {QSizeF(0, 0), QSizeF(indexSize.width() - fieldInset, 0),
-                                           QSizeF(0, indexSize.height() - fieldInset)})
-                    ways.push_back({counts, direction, inset, toTheEnds, liking});
+                for (const QSizeF part : {QSizeF(0, 0), QSizeF(0.5, 0), QSizeF(0, 0.5),
+                                          QSizeF(0.5, 0.5), QSizeF(1, 0), QSizeF(0, 1)})
+                    ways.push_back({counts, direction,
+                                    QSizeF(part.width() * (index.width() - fieldInset),
+                                           part.height() * (index.height() - fieldInset)),
+                                    toTheEnds, liking});
         }
     }
     return ways;

@@ -13,7 +13,7 @@
 inline constexpr double fieldInset = 8;     ///< from the edge of a card to what stands in its frame
 inline constexpr double frameInset = 4;     ///< and to the middle of the frame's strong line
 inline constexpr double leastGap = 2;       ///< between two signs
-inline constexpr QSizeF indexSize(25, 27);  ///< kept free in two corners, from the edges
+inline constexpr QSizeF indexSize(26, 28);  ///< kept free in two corners of a slim card
 
 /// What keeps others away: a box, or the disc that it holds.
 struct Shape {
@@ -41,7 +41,7 @@ std::vector<QPointF> places(const Way&, const QRectF& field, QSizeF sign);
 
 /// The ways that "2 1 2|5" names: lying, standing and, of single signs, on the diagonal that has no
 /// index at its ends. What stands apart goes to the field's ends and heeds no index.
-std::vector<Way> waysToSet(const QByteArray& rows, bool apart);
+std::vector<Way> waysToSet(const QByteArray& rows, QSizeF index, bool apart);
 
 /// Signs that cross each other.
 struct Bundle {
@@ -55,11 +55,12 @@ struct Bundle {
 /// in radians.
 Bundle bundleIn(QSizeF cell, QSizeF sign, double widest);
 
-/// The largest scale up to `most` that fits; whatever fits does so at every smaller scale as well.
+/// A scale from `least`, which is known to fit, to `most`: the largest that fits, where all below
+/// it do so as well.
 template <class Fits>
-double largest(double most, Fits fits) {
+double largest(double least, double most, Fits fits) {
     if (fits(most)) return most;
-    double low = 0, high = most;
+    double low = least, high = most;
     for (int i = 0; i < 14; ++i) (fits((low + high) / 2) ? low : high) = (low + high) / 2;
     return low;
 }

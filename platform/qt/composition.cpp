@@ -24,9 +24,12 @@ public:
         const QRectF all({0, 0}, box);
         field_ = all.adjusted(fieldInset, fieldInset, -fieldInset, -fieldInset);
         inFrame_ = all.adjusted(frameInset, frameInset, -frameInset, -frameInset);
-        QRectF last({0, 0}, indexSize);
+        // It moves a little inwards as the box grows, so that a selected card's frame spares it.
+        index_ = indexSize + QSizeF(0.055 * (box.width() - design.width()),
+                                    0.03 * (box.height() - design.height()));
+        QRectF last({0, 0}, index_);
         last.moveBottomRight(all.bottomRight());
-        index_ = {Shape{QRectF({0, 0}, indexSize)}, Shape{last}};
+        corners_ = {Shape{QRectF({0, 0}, index_)}, Shape{last}};
     }
 
     /// What stands in the place of one of our own tags; nothing for any other tag.
@@ -58,12 +61,13 @@ private:
     bool fit(const std::vector<Shape>& all, bool apart) const;
     void take(const Shape& shape);
     QSizeF design_, box_;
-    QRectF field_, inFrame_;  ///< what a card has for its signs, and with the frame's room
-    std::array<Shape, 2> index_;
-    std::vector<Shape> taken_;  ///< by signs and ornaments
-    QRectF signsBox_;           ///< round all signs
-    QSizeF grown_;              ///< of the rectangles in the group that is being read
-    int open_ = 0;              ///< groups, from the one that stands somewhere
+    QRectF field_, inFrame_;        ///< what a card has for its signs, and with the frame's room
+    QSizeF index_;                  ///< in the top left corner, from the card's edges
+    std::array<Shape, 2> corners_;  ///< where it stands
+    std::vector<Shape> taken_;      ///< by signs and ornaments
+    QRectF signsBox_;               ///< round all signs
+    QSizeF grown_;                  ///< of the rectangles in the group that is being read
+    int open_ = 0;                  ///< groups, from the one that stands somewhere
 };
 
 bool Composition::leftOut(const QByteArray& tag) const {
@@ -76,9 +80,10 @@ QByteArray Composition::standing(const QByteArray& tag) {
     const QByteArray stand = attribute(tag, "stand");
     const bool fill = stand == "fill";
     const QSizeF spare = box_ - design_;
-    const auto moved = [&](const char* first, const char* last, double room) {
-        if (fill || stand.contains(first)) return 0.0;
-        return stand.contains(last) ? room : room / 2;
+    const QSizeF inwards = sizeOf(tag, "inwards").isValid() ? sizeOf(tag, "inwards") : QSizeF(0, 0);
+    const auto moved = [&](const char* first, const char* last, double room, double part) {
+        if (fill || stand.contains(first)) return part * room;
+        return stand.contains(last) ? room - part * room : room / 2;
     };
     const auto both = [&](const char* first, const char* last) {
         return fill || (stand.contains(first) && stand.contains(last));
@@ -87,8 +92,9 @@ QByteArray Composition::standing(const QByteArray& tag) {
               both("top", "bottom") ? spare.height() : 0};
     open_ = 1;
     if (leftOut(tag)) return "<g display=\"none\">";
-    return "<g transform=\"translate(" + inText(moved("left", "right", spare.width())) + ' ' +
-           inText(moved("top", "bottom", spare.height())) + ")\">";
+    return "<g transform=\"translate(" +
+           inText(moved("left", "right", spare.width(), inwards.width())) + ' ' +
+           inText(moved("top", "bottom", spare.height(), inwards.height())) + ")\">";
 }
 
 QByteArray Composition::grown(const QByteArray& tag) const {
@@ -106,7 +112,7 @@ QByteArray Composition::grown(const QByteArray& tag) const {
 bool Composition::isFree(const Shape& shape, double gap) const {
     const auto clear = [&](const Shape& other) { return distance(shape, other) >= gap; };
     return std::all_of(taken_.begin(), taken_.end(), clear) &&
-           std::all_of(index_.begin(), index_.end(), clear);
+           std::all_of(corners_.begin(), corners_.end(), clear);
 }
 
 QByteArray Composition::signs(const QByteArray& tag) {
@@ -124,14 +130,16 @@ QByteArray Composition::signs(const QByteArray& tag) {
     };
     double best = 0, liked = 0;
     std::vector<QPointF> middles;
-    for (const Way& way : waysToSet(attribute(tag, "rows"), apart)) {
+    for (const Way& way : waysToSet(attribute(tag, "rows"), index_, apart)) {
         const QRectF field = inside(apart ? inFrame_ : field_, way.inset);
         const double most = std::min({field.width() / size.width(), field.height() / size.height(),
                                       number(attribute(tag, "most"), HUGE_VAL)});
-        const double scale = largest(most, [&](double tried) {
+        const auto fits = [&](double tried) {
             return fit(shapes(places(way, field, size * tried), tried), apart);
-        });
-        if (scale * way.liking <= liked * 1.005) continue;
+        };
+        const double toBeat = liked * 1.005 / way.liking;
+        if (toBeat > most || (toBeat > 0 && !fits(toBeat))) continue;
+        const double scale = largest(toBeat, most, fits);
         liked = scale * way.liking;
         best = scale;
         middles = places(way, field, size * scale);
@@ -183,8 +191,8 @@ QByteArray Composition::crossed(const QByteArray& tag) {
     double between = 0, turn = 0;
     for (const bool beside : {false, true})
         for (const bool narrowed : {true, false}) {
-            QRectF field = inside(field_, narrowed ? QSizeF(indexSize.width() - fieldInset, 0)
-                                                   : QSizeF(0, indexSize.height() - fieldInset));
+            QRectF field = inside(field_, narrowed ? QSizeF(index_.width() - fieldInset, 0)
+                                                   : QSizeF(0, index_.height() - fieldInset));
             const double length = beside ? field_.height() : field_.width();
             const double scale = lying.isValid() ? std::min(1.3, length / lying.height()) : 0;
             const double strip = lying.isValid() ? lying.width() * scale + 6 : 5;
@@ -232,7 +240,7 @@ QByteArray Composition::ornaments(const QByteArray& tag) {
             const Shape shape = shapeAt(place, size, scale);
             return field_.contains(shape.box) && isFree(shape, 1);
         };
-        const double scale = largest(most, fits);
+        const double scale = largest(0, most, fits);
         if (scale < least) continue;
         out += use(name, place, scale, turn);
         set.push_back(shapeAt(place, size, scale));

@@ -13,6 +13,7 @@
 ///
 ///   <g stand="left top">    stands at these edges; at none it is centred. At two opposite ones its
 ///                           rectangles grow with the box; "fill" names all four.
+///                           inwards="0.05 0.03": by such parts of the room away from the edges.
 ///   <signs rows="2 1 2|..." href="..." middle="..."/>
 ///                           so many signs in rows, or in columns, as large as they go without
 ///                           touching each other or the index in two corners. Of several ways
