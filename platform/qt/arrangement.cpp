@@ -76,7 +76,9 @@ std::vector<Way> waysToSet(const QByteArray& rows, QSizeF index, bool apart) {
             const double liking =
                 (&one == &all.first() ? 1 : 0.85) * (direction == Way::diagonal ? 0.94 : 1);
             if (apart) {
-                ways.push_back({counts, direction, {0, 0}, true, liking});
+                // One above the other rather than side by side.
+                ways.push_back(
+                    {counts, direction, {0, 0}, true, direction == Way::lying ? 1 : 0.75});
                 continue;
             }
             for (const bool toTheEnds : {false, true})

@@ -25,8 +25,8 @@ public:
         field_ = all.adjusted(fieldInset, fieldInset, -fieldInset, -fieldInset);
         inFrame_ = all.adjusted(frameInset, frameInset, -frameInset, -frameInset);
         // It moves a little inwards as the box grows, so that a selected card's frame spares it.
-        index_ = indexSize + QSizeF(0.055 * (box.width() - design.width()),
-                                    0.03 * (box.height() - design.height()));
+        index_ = indexSize + QSizeF(0.08 * (box.width() - design.width()),
+                                    0.045 * (box.height() - design.height()));
         QRectF last({0, 0}, index_);
         last.moveBottomRight(all.bottomRight());
         corners_ = {Shape{QRectF({0, 0}, index_)}, Shape{last}};
@@ -121,11 +121,16 @@ QByteArray Composition::signs(const QByteArray& tag) {
     const auto isMiddle = [&](std::size_t i, std::size_t count) {
         return other.isValid() && 2 * i + 1 == count;
     };
+    // Another drawing in the middle may be longer than the rest, but not than the field.
+    const auto ofMiddle = [&](double scale) {
+        return std::min({scale, field_.width() / other.width(), field_.height() / other.height()});
+    };
     const auto shapes = [&](const std::vector<QPointF>& middles, double scale) {
         std::vector<Shape> all;
-        for (const QPointF& middle : middles)
-            all.push_back(
-                shapeAt(middle, isMiddle(all.size(), middles.size()) ? other : size, scale, round));
+        for (const QPointF& place : middles)
+            all.push_back(isMiddle(all.size(), middles.size())
+                              ? shapeAt(place, other, ofMiddle(scale), round)
+                              : shapeAt(place, size, scale, round));
         return all;
     };
     double best = 0, liked = 0;
@@ -149,8 +154,9 @@ QByteArray Composition::signs(const QByteArray& tag) {
     for (std::size_t i = 0; i < middles.size(); ++i) {
         const QPointF from = middles[i] - centre;
         const bool turned = from.y() > 0.1 || (from.y() > -0.1 && from.x() > 0.1);
-        out += use(attribute(tag, isMiddle(i, middles.size()) ? "middle" : "href"), middles[i],
-                   best, turned ? 180 : 0);
+        const bool middle = isMiddle(i, middles.size());
+        out += use(attribute(tag, middle ? "middle" : "href"), middles[i],
+                   middle ? ofMiddle(best) : best, turned ? 180 : 0);
     }
     for (const Shape& shape : shapes(middles, best)) take(shape);
     return out;

@@ -283,7 +283,7 @@ TEST(Shapes, EyesKeepTheirProportions) {
 
 TEST(Shapes, LettersKeepTheirProportions) {
     expectSame(picture::title, QRectF(60, 12, 640, 104), isGold, 0.5, 0.5);
-    expectSame(picture::face(36), QRectF(8, 7.5, 15, 19.5), isDark, 0.055, 0.03);
+    expectSame(picture::face(36), QRectF(8, 7.5, 15, 19.5), isDark, 0.08, 0.045);
 }
 
 TEST(Shapes, APulledCoinIsNoticed) {
