@@ -221,7 +221,7 @@ int main(int argc, char** argv) {
         "Writes the pictures of the game into FOLDER as PNG sheets, as large as on small screens\n"
         "of several shapes, or TIMES (1 to 8) larger.\n";
     if (answersHelpOrVersion(argc, argv, "velarda-contact-sheets", usage)) return 0;
-    const double times = argc == 3 ? std::atof(argv[2]) : 1;
+    const double times = argc == 3 ? std::strtod(argv[2], nullptr) : 1;
     const bool understood = (argc == 2 || argc == 3) && times >= 1 && times <= 8;
     if (!understood || argv[1][0] == '-' || argv[1][0] == '\0') return misused(usage);
     // Images are painted without a window system, so that the program runs where there is none.

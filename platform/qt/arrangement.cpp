@@ -26,6 +26,21 @@ double distance(const Shape& one, const Shape& other) {
     return std::hypot(std::max(across, 0.0), std::max(down, 0.0)) - radius - otherRadius;
 }
 
+bool areApart(const std::vector<Shape>& all, double gap) {
+    for (auto one = all.begin(); one != all.end(); ++one)
+        if (std::any_of(one + 1, all.end(),
+                        [&](const Shape& other) { return distance(*one, other) < gap; }))
+            return false;
+    return true;
+}
+
+bool Room::isFreeFor(const std::vector<Shape>& all) const {
+    return std::all_of(all.begin(), all.end(), [&](const Shape& one) {
+        return std::all_of(taken.begin(), taken.end(),
+                           [&](const Shape& other) { return distance(one, other) >= 1; });
+    });
+}
+
 namespace {
 
 constexpr double leastLean = 0.32;  ///< in radians; less cannot be counted at a glance
@@ -91,6 +106,26 @@ std::vector<Way> waysToSet(const QByteArray& rows, QSizeF index, bool apart) {
         }
     }
     return ways;
+}
+
+Setting largestSetting(const std::vector<Way>& ways, const QRectF& field, QSizeF sign, double most,
+                       const std::function<bool(const Setting&)>& fits) {
+    Setting best;
+    double liked = 0;
+    for (const Way& way : ways) {
+        const QRectF room = inside(field, way.inset);
+        const auto at = [&](double scale) {
+            return Setting{scale, places(way, room, sign * scale)};
+        };
+        const double limit =
+            std::min({room.width() / sign.width(), room.height() / sign.height(), most});
+        // A little larger, or the one that is named first.
+        const double toBeat = liked * 1.005 / way.liking;
+        if (toBeat > limit || (liked > 0 && !fits(at(toBeat)))) continue;
+        best = at(largest(toBeat, limit, [&](double scale) { return fits(at(scale)); }));
+        liked = best.scale * way.liking;
+    }
+    return best;
 }
 
 Bundle bundleIn(QSizeF cell, QSizeF sign, double widest) {

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QPointF>
 #include <QRectF>
+#include <functional>
 #include <vector>
 
 // How the signs of a card are set in a field, in the units of its drawing.
@@ -27,6 +28,15 @@ Shape shapeAt(QPointF middle, QSizeF size, double scale, bool round = false);
 /// Between the edges of the two; below 0 where they overlap.
 double distance(const Shape&, const Shape&);
 
+/// Whether no two of them are nearer than that.
+bool areApart(const std::vector<Shape>&, double gap);
+
+/// What is no longer free on a card.
+struct Room {
+    std::vector<Shape> taken;
+    bool isFreeFor(const std::vector<Shape>&) const;
+};
+
 /// One way to set signs.
 struct Way {
     std::vector<int> rows;  ///< how many in each
@@ -43,6 +53,26 @@ std::vector<QPointF> places(const Way&, const QRectF& field, QSizeF sign);
 /// index at its ends. What stands apart goes to the field's ends and heeds no index.
 std::vector<Way> waysToSet(const QByteArray& rows, QSizeF index, bool apart);
 
+/// A scale from `least`, which is known to fit, to `most`: the largest that fits, where all below
+/// it do so as well.
+template <class Fits>
+double largest(double least, double most, Fits fits) {
+    if (fits(most)) return most;
+    double low = least, high = most;
+    for (int i = 0; i < 14; ++i) (fits((low + high) / 2) ? low : high) = (low + high) / 2;
+    return low;
+}
+
+/// Signs in their places, all at one scale.
+struct Setting {
+    double scale = 0;
+    std::vector<QPointF> middles;
+};
+
+/// Of all ways the one that is liked best for its size, with the largest signs that fit.
+Setting largestSetting(const std::vector<Way>&, const QRectF& field, QSizeF sign, double most,
+                       const std::function<bool(const Setting&)>& fits);
+
 /// Signs that cross each other.
 struct Bundle {
     double scale = 0;
@@ -54,16 +84,6 @@ struct Bundle {
 /// Two signs along the diagonals of a cell, so long and so wide apart as fills it best; widest is
 /// in radians.
 Bundle bundleIn(QSizeF cell, QSizeF sign, double widest);
-
-/// A scale from `least`, which is known to fit, to `most`: the largest that fits, where all below
-/// it do so as well.
-template <class Fits>
-double largest(double least, double most, Fits fits) {
-    if (fits(most)) return most;
-    double low = least, high = most;
-    for (int i = 0; i < 14; ++i) (fits((low + high) / 2) ? low : high) = (low + high) / 2;
-    return low;
-}
 
 /// A field without so much on either side.
 QRectF inside(const QRectF& field, QSizeF inset);

@@ -7,7 +7,6 @@
 #include <QPointF>
 #include <QRectF>
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
 #include <optional>
@@ -29,7 +28,7 @@ public:
                                     0.045 * (box.height() - design.height()));
         QRectF last({0, 0}, index_);
         last.moveBottomRight(all.bottomRight());
-        corners_ = {Shape{QRectF({0, 0}, index_)}, Shape{last}};
+        room_.taken = {Shape{QRectF({0, 0}, index_)}, Shape{last}};
     }
 
     /// What stands in the place of one of our own tags; nothing for any other tag.
@@ -52,22 +51,20 @@ private:
     QByteArray grown(const QByteArray& tag) const;
     QByteArray signs(const QByteArray& tag);
     QByteArray crossed(const QByteArray& tag);
-    QByteArray drawn(const Bundle& bundle, const QByteArray& tag, QPointF middle) const;
+    static QByteArray drawn(const Bundle& bundle, const QByteArray& tag, QPointF middle);
     QByteArray ornaments(const QByteArray& tag);
     QByteArray tiles(const QByteArray& tag) const;
 
     QPointF spot(const QByteArray& at) const;
-    bool isFree(const Shape& shape, double gap) const;
-    bool fit(const std::vector<Shape>& all, bool apart) const;
     void take(const Shape& shape);
+
     QSizeF design_, box_;
-    QRectF field_, inFrame_;        ///< what a card has for its signs, and with the frame's room
-    QSizeF index_;                  ///< in the top left corner, from the card's edges
-    std::array<Shape, 2> corners_;  ///< where it stands
-    std::vector<Shape> taken_;      ///< by signs and ornaments
-    QRectF signsBox_;               ///< round all signs
-    QSizeF grown_;                  ///< of the rectangles in the group that is being read
-    int open_ = 0;                  ///< groups, from the one that stands somewhere
+    QRectF field_, inFrame_;  ///< what a card has for its signs, and with the frame's room
+    QSizeF index_;            ///< in the top left corner, from the card's edges
+    Room room_;
+    QRectF signsBox_;  ///< round all signs
+    QSizeF grown_;     ///< of the rectangles in the group that is being read
+    int open_ = 0;     ///< groups, from the one that stands somewhere
 };
 
 bool Composition::leftOut(const QByteArray& tag) const {
@@ -109,12 +106,6 @@ QByteArray Composition::grown(const QByteArray& tag) const {
     return out;
 }
 
-bool Composition::isFree(const Shape& shape, double gap) const {
-    const auto clear = [&](const Shape& other) { return distance(shape, other) >= gap; };
-    return std::all_of(taken_.begin(), taken_.end(), clear) &&
-           std::all_of(corners_.begin(), corners_.end(), clear);
-}
-
 QByteArray Composition::signs(const QByteArray& tag) {
     const QSizeF size = sizeOf(tag, "href-size"), other = sizeOf(tag, "middle-size");
     const bool apart = attribute(tag, "apart") == "1", round = attribute(tag, "round") == "1";
@@ -125,58 +116,40 @@ QByteArray Composition::signs(const QByteArray& tag) {
     const auto ofMiddle = [&](double scale) {
         return std::min({scale, field_.width() / other.width(), field_.height() / other.height()});
     };
-    const auto shapes = [&](const std::vector<QPointF>& middles, double scale) {
+    const auto shapes = [&](const Setting& setting) {
         std::vector<Shape> all;
-        for (const QPointF& place : middles)
-            all.push_back(isMiddle(all.size(), middles.size())
-                              ? shapeAt(place, other, ofMiddle(scale), round)
-                              : shapeAt(place, size, scale, round));
+        all.reserve(setting.middles.size());
+        for (const QPointF& place : setting.middles)
+            all.push_back(isMiddle(all.size(), setting.middles.size())
+                              ? shapeAt(place, other, ofMiddle(setting.scale), round)
+                              : shapeAt(place, size, setting.scale, round));
         return all;
     };
-    double best = 0, liked = 0;
-    std::vector<QPointF> middles;
-    for (const Way& way : waysToSet(attribute(tag, "rows"), index_, apart)) {
-        const QRectF field = inside(apart ? inFrame_ : field_, way.inset);
-        const double most = std::min({field.width() / size.width(), field.height() / size.height(),
-                                      number(attribute(tag, "most"), HUGE_VAL)});
-        const auto fits = [&](double tried) {
-            return fit(shapes(places(way, field, size * tried), tried), apart);
-        };
-        const double toBeat = liked * 1.005 / way.liking;
-        if (toBeat > most || (toBeat > 0 && !fits(toBeat))) continue;
-        const double scale = largest(toBeat, most, fits);
-        liked = scale * way.liking;
-        best = scale;
-        middles = places(way, field, size * scale);
-    }
+    const double most = number(attribute(tag, "most"), HUGE_VAL);
+    const Setting best = largestSetting(
+        waysToSet(attribute(tag, "rows"), index_, apart), apart ? inFrame_ : field_, size, most,
+        [&](const Setting& tried) {
+            return apart ? areApart(shapes(tried), -0.01)
+                         : areApart(shapes(tried), leastGap) && room_.isFreeFor(shapes(tried));
+        });
     QByteArray out;
-    const QPointF centre = field_.center();
-    for (std::size_t i = 0; i < middles.size(); ++i) {
-        const QPointF from = middles[i] - centre;
+    for (const QPointF& place : best.middles) {
+        const QPointF from = place - field_.center();
         const bool turned = from.y() > 0.1 || (from.y() > -0.1 && from.x() > 0.1);
-        const bool middle = isMiddle(i, middles.size());
-        out += use(attribute(tag, middle ? "middle" : "href"), middles[i],
-                   middle ? ofMiddle(best) : best, turned ? 180 : 0);
+        const bool middle = other.isValid() && from.manhattanLength() < 0.1;
+        out += use(attribute(tag, middle ? "middle" : "href"), place,
+                   middle ? ofMiddle(best.scale) : best.scale, turned ? 180 : 0);
     }
-    for (const Shape& shape : shapes(middles, best)) take(shape);
+    for (const Shape& shape : shapes(best)) take(shape);
     return out;
 }
 
-bool Composition::fit(const std::vector<Shape>& all, bool apart) const {
-    for (std::size_t a = 0; a < all.size(); ++a) {
-        if (!apart && !isFree(all[a], 1)) return false;
-        for (std::size_t b = a + 1; b < all.size(); ++b)
-            if (distance(all[a], all[b]) < (apart ? -0.01 : leastGap)) return false;
-    }
-    return true;
-}
-
 void Composition::take(const Shape& shape) {
-    taken_.push_back(shape);
+    room_.taken.push_back(shape);
     signsBox_ |= shape.box;
 }
 
-QByteArray Composition::drawn(const Bundle& bundle, const QByteArray& tag, QPointF middle) const {
+QByteArray Composition::drawn(const Bundle& bundle, const QByteArray& tag, QPointF middle) {
     const QByteArray first = attribute(tag, "href"), other = attribute(tag, "other");
     const QByteArray upright = attribute(tag, "upright");
     const double degrees = bundle.lean * 180 / std::numbers::pi;
@@ -213,7 +186,7 @@ QByteArray Composition::crossed(const QByteArray& tag) {
         }
     take(shapeAt(first, best.size, 1));
     take(shapeAt(2 * centre - first, best.size, 1));
-    const QByteArray one = drawn(best, tag, first);
+    QByteArray one = drawn(best, tag, first);
     if (!two) return one;
     QByteArray out = one + "<g transform=\"rotate(180 " + inText(centre.x()) + ' ' +
                      inText(centre.y()) + ")\">" + one + "</g>";
@@ -244,7 +217,7 @@ QByteArray Composition::ornaments(const QByteArray& tag) {
         const QPointF place = spot(at);
         const auto fits = [&](double scale) {
             const Shape shape = shapeAt(place, size, scale);
-            return field_.contains(shape.box) && isFree(shape, 1);
+            return field_.contains(shape.box) && room_.isFreeFor({shape});
         };
         const double scale = largest(0, most, fits);
         if (scale < least) continue;
@@ -254,15 +227,15 @@ QByteArray Composition::ornaments(const QByteArray& tag) {
         out += use(name, 2 * centre - place, scale, turn + 180);
         set.push_back(shapeAt(2 * centre - place, size, scale));
     }
-    taken_.insert(taken_.end(), set.begin(), set.end());
+    room_.taken.insert(room_.taken.end(), set.begin(), set.end());
     return out;
 }
 
 QByteArray Composition::tiles(const QByteArray& tag) const {
     const QSizeF step = sizeOf(tag, "step");
     const QPointF centre(box_.width() / 2, box_.height() / 2);
-    const int across = static_cast<int>(centre.x() / step.width() + 0.5);
-    const int down = static_cast<int>(centre.y() / step.height() + 0.5);
+    const int across = static_cast<int>(std::ceil(centre.x() / step.width()));
+    const int down = static_cast<int>(std::ceil(centre.y() / step.height()));
     QByteArray out;
     for (int row = -down; row <= down; ++row)
         for (int column = -across; column <= across; ++column)
