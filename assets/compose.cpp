@@ -3,8 +3,8 @@
 
 // velarda-compose PARTS SOURCE OUTPUT
 //
-// Puts one picture together from its parts. SOURCE is an SVG file in which two elements of our own
-// may stand; OUTPUT is plain SVG Tiny without them.
+// Puts one picture together from its parts. SOURCE is an SVG file in which elements of our own
+// may stand; OUTPUT is SVG Tiny, ready to be set in a box.
 //
 //   <include href="suits/coppa.svg" transform="..."/>
 //       becomes a group with everything inside the <svg> element of that file, includes and all;
@@ -13,11 +13,15 @@
 //       becomes the drawn letters of PARTS/alphabet, set in one line that is centred on x and
 //       stands on the base line y; height is that of the capitals. A letter is a file whose
 //       viewBox is as wide as its advance and reaches from -100 (top of the capitals) to 0.
+//
+// What stands where in a box of another shape is settled when the box is known: see
+// platform/qt/composition.h. Of the elements told of there the drawings are put in here.
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -72,26 +76,64 @@ class Composer {
 public:
     explicit Composer(fs::path root) : root_(std::move(root)) {}
 
-    std::string expand(const std::string& text, int depth = 0) const {
+    std::string expand(const std::string& text, int depth = 0) {
         if (depth > deepestInclude) throw std::runtime_error("includes go round in a circle");
         std::string out;
         std::size_t at = 0;
         while (true) {
-            const auto include = text.find("<include ", at);
-            const auto lettering = text.find("<lettering ", at);
-            const auto next = std::min(include, lettering);
+            const auto next = nextOwnElement(text, at);
             out += text.substr(at, next == std::string::npos ? next : next - at);
             if (next == std::string::npos) return out;
-            const auto end = text.find("/>", next);
-            if (end == std::string::npos) throw std::runtime_error("an element without />");
-            const auto tag = text.substr(next, end + 2 - next);
-            out += next == include ? included(tag, depth) : lettered(tag);
-            at = end + 2;
+            const bool comment = text.compare(next, 4, "<!--") == 0;
+            const std::string close = comment ? "-->" : "/>";
+            const auto end = text.find(close, next);
+            if (end == std::string::npos) throw std::runtime_error("an element without its end");
+            at = end + close.size();
+            if (!comment) out += replaced(text.substr(next, at - next), depth);
         }
     }
 
 private:
-    std::string included(const std::string& tag, int depth) const {
+    static std::size_t nextOwnElement(const std::string& text, std::size_t at) {
+        auto first = std::string::npos;
+        for (const char* name :
+             {"<!--", "<include ", "<lettering ", "<signs ", "<crossed ", "<ornament ", "<tiles "})
+            first = std::min(first, text.find(name, at));
+        return first;
+    }
+
+    std::string replaced(const std::string& tag, int depth) {
+        if (tag.starts_with("<include ")) return included(tag, depth);
+        if (tag.starts_with("<lettering ")) return lettered(tag);
+        return named(tag, depth);
+    }
+
+    /// An element that is set when the box is known: its drawings are written once, with their
+    /// middle at 0,0, and it is left with their ids and sizes.
+    std::string named(std::string tag, int depth) {
+        std::string drawings;
+        for (const std::string name : {"href", "other", "middle", "upright", "between"}) {
+            const auto file = attribute(tag, name);
+            if (file.empty()) continue;
+            const auto id = fs::path(file).stem().string();
+            const auto text = readFile(root_ / file);
+            std::istringstream box(attribute(openingTag(text), "viewBox"));
+            double x = 0, y = 0, width = 0, height = 0;
+            if (!(box >> x >> y >> width >> height))
+                throw std::runtime_error(file + " has no viewBox");
+            std::ostringstream size, middle;
+            size << ' ' << name << "-size=\"" << width << ' ' << height << "\"/>";
+            middle << -x - width / 2 << ' ' << -y - height / 2;
+            tag.replace(tag.find(file), file.size(), '#' + id);
+            tag.replace(tag.find("/>"), 2, size.str());
+            if (defined_.insert(id).second)
+                drawings += "<defs><g id=\"" + id + "\"><g transform=\"translate(" + middle.str() +
+                            ")\">" + expand(inside(text), depth + 1) + "</g></g></defs>";
+        }
+        return drawings + tag;
+    }
+
+    std::string included(const std::string& tag, int depth) {
         const auto part = expand(inside(readFile(root_ / attribute(tag, "href"))), depth + 1);
         const auto transform = attribute(tag, "transform");
         return (transform.empty() ? "<g>" : "<g transform=\"" + transform + "\">") + part + "</g>";
@@ -120,6 +162,7 @@ private:
     }
 
     fs::path root_;
+    std::set<std::string> defined_;
 };
 
 }  // namespace

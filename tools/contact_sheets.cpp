@@ -1,10 +1,11 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-// velarda-contact-sheets FOLDER
+// velarda-contact-sheets FOLDER [TIMES]
 //
 // Writes the pictures of the game into FOLDER as PNG sheets, at the sizes and on the colours at
-// which the game shows them, so that they can be looked at side by side.
+// which the game shows them on small screens of several shapes, so that they can be looked at side
+// by side; TIMES larger if that is given.
 
 #include <QCoreApplication>
 #include <QDir>
@@ -16,6 +17,7 @@
 #include <QStringList>
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <vector>
 
@@ -26,8 +28,23 @@ namespace {
 
 constexpr QRgb tableGreen = qRgb(0, 0x70, 0);
 constexpr QRgb openingBlue = qRgb(0, 0x50, 0xff);
-constexpr QSize cardSize(62, 108);  ///< on the smallest screen that the game is made for
 constexpr int margin = 8;
+
+struct Screen {
+    const char* shape;
+    QSize size;
+};
+constexpr Screen usual{"16x9", {1366, 768}};
+constexpr Screen screens[] = {{"9x16", {768, 1366}},  {"5x4", {1280, 1024}},
+                              {"16x10", {1280, 800}}, usual,
+                              {"21x9", {1792, 768}},  {"32x9", {2730, 768}}};
+
+/// What takes so many pixels in the drawing of the layout takes on a screen.
+QSize onScreen(const Screen& screen, QSizeF drawn, double times) {
+    return QSizeF(drawn.width() * 12 / 15432 * screen.size.width() * times,
+                  drawn.height() * 12 / 12360 * screen.size.height() * times)
+        .toSize();
+}
 
 /// One thing on a sheet: how much place it takes and how it is painted there.
 struct Cell {
@@ -103,9 +120,12 @@ Row faces(int first, int last, QSize size) {
     return row;
 }
 
-Sheet wholePack(QSize size) {
+constexpr QSizeF cardSize(100, 186), gorillaSize(105, 142), maskSize(150, 113);
+
+Sheet wholePack(const Screen& screen, double times) {
     Sheet sheet(tableGreen);
-    for (int first = 1; first <= 40; first += 10) sheet.add(faces(first, first + 9, size));
+    for (int first = 1; first <= 40; first += 10)
+        sheet.add(faces(first, first + 9, onScreen(screen, cardSize, times)));
     return sheet;
 }
 
@@ -115,36 +135,31 @@ Sheet suitSheet(int suit, QSize size) {
     return Sheet(tableGreen).add(faces(ace, ace + 4, size)).add(faces(ace + 5, ace + 9, size));
 }
 
-Row icons() {
+Sheet icons() {
     Row row;
     for (const int size : {16, 24, 32, 48, 64, 128, 256})
         row.push_back({QSize(size, size), [=] { return drawIcon(size); }});
-    return row;
+    return Sheet(tableGreen).add(row);
 }
 
-Row lampsAndBanner(int scale) {
-    return {cell(picture::green, QSize(32, 32) * scale), cell(picture::red, QSize(32, 32) * scale),
-            cell(picture::banner, QSize(67, 28) * scale)};
-}
-
-Sheet mascots() {
+/// Everything but the faces.
+Sheet others(const Screen& screen, double times) {
+    const auto shown = [&](Picture picture, QSizeF size) {
+        return cell(picture, onScreen(screen, size, times));
+    };
     Row gorillas, masks;
     for (int frame = 1; frame <= 10; ++frame)
-        gorillas.push_back(cell(picture::gorilla(frame), QSize(105, 142)));
-    for (int frame = 1; frame <= 5; ++frame)
-        masks.push_back(cell(picture::mask(frame), QSize(150, 113)));
-    return Sheet(tableGreen).add(gorillas).add(masks).on(openingBlue).add(gorillas).add(masks);
-}
-
-Sheet others() {
-    return Sheet(openingBlue)
-        .add({cell(picture::title, QSize(733, 129)), cell(picture::title, QSize(166, 69))})
-        .on(tableGreen)
-        .add(lampsAndBanner(1))
-        .add(lampsAndBanner(4))
-        .add(icons())
-        .add({cell(picture::back, cardSize), cell(picture::back, cardSize * 2),
-              cell(picture::back, cardSize * 4)});
+        gorillas.push_back(shown(picture::gorilla(frame), gorillaSize));
+    for (int frame = 1; frame <= 5; ++frame) masks.push_back(shown(picture::mask(frame), maskSize));
+    return Sheet(tableGreen)
+        .add({shown(picture::back, cardSize), shown(picture::green, {32, 32}),
+              shown(picture::red, {32, 32}), shown(picture::banner, {67, 28})})
+        .add(gorillas)
+        .add(masks)
+        .on(openingBlue)
+        .add({shown(picture::title, {733, 129})})
+        // As it stands on the opening screen.
+        .add({shown(picture::title, {213, 115})});
 }
 
 /// The 256 colours that a sheet uses most. The pictures are flat and share few colours, so that a
@@ -183,29 +198,36 @@ bool write(const Sheet& sheet, const QDir& folder, const QString& name) {
         image.convertToFormat(QImage::Format_Indexed8, mainColours(image), Qt::ThresholdDither));
 }
 
-bool writeAll(const QDir& folder) {
+bool writeAll(const QDir& folder, double times) {
     const QStringList suits{QStringLiteral("denari"), QStringLiteral("coppe"),
                             QStringLiteral("bastoni"), QStringLiteral("spade")};
     for (int suit = 0; suit < suits.size(); ++suit)
-        if (!write(suitSheet(suit, cardSize * 4), folder, suits[suit])) return false;
-    return write(wholePack(cardSize), folder, QStringLiteral("pack")) &&
-           write(wholePack(cardSize * 2), folder, QStringLiteral("pack-twice")) &&
-           write(mascots(), folder, QStringLiteral("mascots")) &&
-           write(others(), folder, QStringLiteral("others"));
+        if (!write(suitSheet(suit, onScreen(usual, cardSize, 2 * times)), folder, suits[suit]))
+            return false;
+    for (const Screen& screen : screens) {
+        const QString shape = QString::fromLatin1(screen.shape);
+        if (!write(wholePack(screen, times), folder, QStringLiteral("pack-") + shape) ||
+            !write(others(screen, times), folder, QStringLiteral("others-") + shape))
+            return false;
+    }
+    return write(icons(), folder, QStringLiteral("icons"));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     constexpr const char* usage =
-        "velarda-contact-sheets FOLDER\n\n"
-        "Writes the pictures of the game into FOLDER as PNG sheets.\n";
+        "velarda-contact-sheets FOLDER [TIMES]\n\n"
+        "Writes the pictures of the game into FOLDER as PNG sheets, as large as on small screens\n"
+        "of several shapes, or TIMES (1 to 8) larger.\n";
     if (answersHelpOrVersion(argc, argv, "velarda-contact-sheets", usage)) return 0;
-    if (argc != 2 || argv[1][0] == '-' || argv[1][0] == '\0') return misused(usage);
+    const double times = argc == 3 ? std::strtod(argv[2], nullptr) : 1;
+    const bool understood = (argc == 2 || argc == 3) && times >= 1 && times <= 8;
+    if (!understood || argv[1][0] == '-' || argv[1][0] == '\0') return misused(usage);
     // Images are painted without a window system, so that the program runs where there is none.
     const QCoreApplication application(argc, argv);
     const QString folder = QFile::decodeName(argv[1]);
-    if (!QFileInfo(folder).isDir() || !writeAll(QDir(folder))) {
+    if (!QFileInfo(folder).isDir() || !writeAll(QDir(folder), times)) {
         std::fprintf(stderr, "velarda-contact-sheets: cannot write into %s\n", argv[1]);
         return 1;
     }

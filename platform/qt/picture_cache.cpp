@@ -3,9 +3,12 @@
 
 #include "platform/qt/picture_cache.h"
 
+#include <QFile>
 #include <QPainter>
 #include <QSvgRenderer>
 #include <algorithm>
+
+#include "platform/qt/composition.h"
 
 namespace {
 
@@ -15,7 +18,9 @@ constexpr qsizetype mostBytes = qsizetype{48} << 20;
 QImage draw(const QString& name, int width, int height) {
     QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
-    QSvgRenderer renderer(QStringLiteral(":/pictures/") + name + QStringLiteral(".svg"));
+    QFile source(QStringLiteral(":/pictures/") + name + QStringLiteral(".svg"));
+    if (!source.open(QIODevice::ReadOnly)) return image;
+    QSvgRenderer renderer(composed(source.readAll(), image.size()));
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     renderer.render(&painter, QRectF(0, 0, width, height));
