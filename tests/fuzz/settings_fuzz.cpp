@@ -20,25 +20,20 @@ static bool same(const SettingsFile& a, const SettingsFile& b) {
            std::abs(a.scala - b.scala) <= 1e-6f * a.scala;
 }
 
-/// One hand, in which every move is checked; after it what the settings say is chosen again.
-static std::string playHand(const std::string& settings) {
+/// One hand, in which every move is checked.
+static void playHand(const std::string& settings) {
     Headless backend;
     backend.settings = settings;
     Game g(backend, eventTable());
     Robot robot(g, 1);
     Recorder recorder(false);
     backend.time.user = [&](double until) { return robot.act(until); };
-    g.watcher = &recorder;
-    g.watch = [](Game& game, Moment moment, void* self) {
-        static_cast<Recorder*>(self)->see(game, moment);
-        if (moment != Moment::scored) return;
-        deliver(game, {Source::velocità_gioco, Verb::Click, game.velocita / 10});
-        deliver(game, {Source::canzoni, Verb::Click, game.brano});
-        throw EndProgram{};
+    g.watch = [&](Moment moment) {
+        recorder.see(g, moment);
+        if (moment == Moment::scored) throw EndProgram{};
     };
     runProgram(g);
-    assert(recorder.scored == 1 && backend.settingsWritten == 2);
-    return backend.settings;
+    assert(recorder.scored == 1);
 }
 
 /// The desktop program, too, takes on how numbers are written in the user's country.
@@ -52,8 +47,6 @@ extern "C" int LLVMFuzzerTestOneInput(const char* data, std::size_t size) {
     const std::string written = formatSettings(read);
     assert(same(parseSettings(written), read));
     static std::set<std::string> played;
-    if (!played.insert(written).second) return 0;
-    const std::string kept = playHand(text);
-    assert(same(parseSettings(kept), read));
+    if (played.insert(written).second) playHand(text);
     return 0;
 }

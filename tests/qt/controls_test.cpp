@@ -84,29 +84,32 @@ TEST(OptionBars, AreButtonsFromEndToEnd) {
     }
 }
 
-TEST(OptionBars, ShowThatTheyArePressed) {
-    Opening opening;
-    const QImage before = seen(opening.bar(1));
-    opening.mouse(opening.bar(1), QEvent::MouseButtonPress, {100, 5});
-    EXPECT_NE(seen(opening.bar(1)), before);
-}
-
-TEST(OptionBars, ShowTheMouseAboveThem) {
+TEST(OptionBars, ShowTheMouseAboveThemAndThatTheyArePressed) {
     Opening opening;
     const QImage before = seen(opening.bar(1));
     opening.bar(1)->setAttribute(Qt::WA_UnderMouse);
-    EXPECT_NE(seen(opening.bar(1)), before);
+    const QImage underMouse = seen(opening.bar(1));
+    EXPECT_NE(underMouse, before);
+    opening.mouse(opening.bar(1), QEvent::MouseButtonPress, {100, 5});
+    EXPECT_NE(seen(opening.bar(1)), underMouse) << "pressed";
 }
 
-TEST(OptionBars, TellTheChosenOneInEveryScheme) {
+TEST(Controls, TellTheChosenBarAndLookTheSameInEveryScheme) {
+    QList<QImage> chosen, other, panels;
     for (const QPalette& scheme : {QPalette(Qt::lightGray), darkScheme()}) {
         QApplication::setPalette(scheme);
         Opening opening;
-        const int chosen = darkPixels(seen(opening.bar(0)));
-        const int other = darkPixels(seen(opening.bar(1)));
-        EXPECT_GT(other, 15) << "the outline of a circle that is not chosen";
-        EXPECT_GT(chosen, other + 8) << "the dot of the chosen one";
+        opening.g.Text1.Visible = true;
+        opening.present();
+        chosen += seen(opening.bar(0));
+        other += seen(opening.bar(1));
+        panels += seen(opening.widgets<QPlainTextEdit>().at(0));
     }
+    EXPECT_EQ(chosen[0], chosen[1]);
+    EXPECT_EQ(other[0], other[1]);
+    EXPECT_EQ(panels[0], panels[1]);
+    EXPECT_GT(darkPixels(other[0]), 15) << "the outline of a circle that is not chosen";
+    EXPECT_GT(darkPixels(chosen[0]), darkPixels(other[0]) + 8) << "the dot of the chosen one";
 }
 
 TEST(TextPanels, OpenAtTheirTop) {
@@ -121,18 +124,6 @@ TEST(TextPanels, OpenAtTheirTop) {
     opening.g.Text3.Visible = true;
     opening.present();
     EXPECT_EQ(scroll->value(), 0);
-}
-
-TEST(TextPanels, LookTheSameInEveryScheme) {
-    QList<QImage> looks;
-    for (const QPalette& scheme : {QPalette(Qt::lightGray), darkScheme()}) {
-        QApplication::setPalette(scheme);
-        Opening opening;
-        opening.g.Text1.Visible = true;
-        opening.present();
-        looks += seen(opening.widgets<QPlainTextEdit>().at(0));
-    }
-    EXPECT_EQ(looks[0], looks[1]);
 }
 
 TEST(Letters, StayInsideOfTheirBoxes) {

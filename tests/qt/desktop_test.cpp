@@ -1,23 +1,18 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-// The desktop backend plays as the headless one does, its mouse means the same at every size, and
-// its settings file is whole at any time.
+// The desktop backend plays as the headless one does, and its mouse means the same at every size.
 
 #include <gtest/gtest.h>
 
 #include <QAccessible>
 #include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScreen>
-#include <QTemporaryDir>
 #include <QTemporaryFile>
 
 #include "game/event_table.h"
-#include "platform/qt/settings_store.h"
 #include "platform/qt/surface_view.h"
 #include "state/state.h"
 #include "tools/recorder.h"
@@ -122,29 +117,6 @@ TEST(Desktop, IsSpokenAndLedByKeys) {
     EXPECT_TRUE(said.at(1).endsWith("/GO//Play rate/Game rules/Music/Info/QUIT"));
     EXPECT_TRUE(said.at(2).startsWith("Corvalia - Scopa/SCORE, Player, Computer, Carte, Denari"));
     EXPECT_EQ(said.last().count("/QUIT"), 1);
-}
-
-TEST(Settings, LieBesideTheProgramOrElseInTheUsersFolderAndStayWhole) {
-    const std::string first = " 3 \r\n 2 \r\n 100 \r\n", second = " 0 \r\n 1 \r\n 80 \r\n";
-    const QTemporaryDir place;
-    QDir folder(place.path());
-    qputenv("XDG_CONFIG_HOME", folder.filePath("home").toLocal8Bit());
-    const SettingsStore users("/proc");
-    EXPECT_EQ(users.read(), "");
-    EXPECT_TRUE(users.write(second) && QFile::exists(folder.filePath("home/velarda/config.crv")));
-    EXPECT_EQ(users.read(), second);
-    qputenv("XDG_CONFIG_HOME", "/proc/none");
-    const SettingsStore store(place.path().toStdString());
-    EXPECT_EQ(store.read(), "");
-    EXPECT_TRUE(store.write(first));
-    EXPECT_EQ(store.read(), first);
-    ASSERT_TRUE(folder.rename("config.crv", "kept") && folder.mkdir("config.crv"));
-    EXPECT_FALSE(store.write(second)) << "a folder is in its place";
-    EXPECT_EQ(store.read(), "");
-    ASSERT_TRUE(folder.rmdir("config.crv") && folder.rename("kept", "config.crv"));
-    EXPECT_EQ(store.read(), first);
-    EXPECT_TRUE(store.write(std::string(3000000, 'x')));
-    EXPECT_LE(store.read().size(), 4096u);
 }
 
 }  // namespace

@@ -35,10 +35,6 @@ void countWhatIsAsked() {
     mixer.find<decltype(&Mix_SetPostMix)>("Mix_SetPostMix")(count, nullptr);
 }
 
-void set(const char* variable, const std::string& value) {
-    setenv(variable, value.c_str(), 1);  // NOLINT(concurrency-mt-unsafe): no other thread reads it
-}
-
 }  // namespace
 
 void put(const fs::path& file, const std::string& content) {
@@ -67,10 +63,12 @@ Studio::Studio() : former_(fs::current_path()) {
     folder_ = name;
     fs::current_path(folder_);
     put("bank.sf2", soundBank());
-    set("SDL_SOUNDFONTS", (folder_ / "bank.sf2").string());
-    set("SDL_AUDIODRIVER", "disk");
-    set("SDL_DISKAUDIOFILE", "heard");
-    if (canPlay()) countWhatIsAsked();
+    // NOLINTBEGIN(concurrency-mt-unsafe): no other thread reads them
+    setenv("SDL_SOUNDFONTS", "bank.sf2", 1);
+    setenv("SDL_AUDIODRIVER", "disk", 1);
+    setenv("SDL_DISKAUDIOFILE", "heard", 1);
+    // NOLINTEND(concurrency-mt-unsafe)
+    if (MixerLibrary::find()) countWhatIsAsked();
 }
 
 Studio::~Studio() {
@@ -86,18 +84,13 @@ int Studio::askedAtOnce() {
     return samplesAtOnce;
 }
 
-bool canPlay() {
-    return MixerLibrary::find() != nullptr;
-}
-
 std::vector<int> onsets(const Listening& listening) {
     std::ifstream file("heard", std::ios::binary);
     std::vector<int> found;
     std::int16_t sides[2];
     int last = -rate;
     for (int i = 0; file.read(reinterpret_cast<char*>(sides), sizeof sides); ++i) {
-        if (std::abs(listening.left * sides[0] + listening.right * sides[1]) < listening.loud)
-            continue;
+        if (std::abs(sides[0]) < listening.loud) continue;
         if (i - last > rate * listening.rest / 1000) found.push_back(i);
         last = i;
     }

@@ -42,19 +42,16 @@ private:
     std::filesystem::path former_, folder_;
 };
 
-/// False when the sound library is missing on this machine.
-bool canPlay();
-
-/// Where a loud sound begins after a rest of so many milliseconds, in samples, as the sides are
-/// mixed; complete once the device is closed.
+/// Where a loud sound begins after a rest of so many milliseconds, in samples, on the left;
+/// complete once the device is closed.
 struct Listening {
     int loud = 600, rest = 4;
-    int left = 1, right = 0;
 };
 std::vector<int> onsets(const Listening&);
 
 /// Waits, and calls `meanwhile` all the time, until it is so; fails after ten seconds.
-testing::AssertionResult waitFor(const std::string& what, const std::function<bool()>& isSo,
-                                 const std::function<void()>& meanwhile);
+testing::AssertionResult waitFor(
+    const std::string& what, const std::function<bool()>& isSo,
+    const std::function<void()>& meanwhile = [] {});
 
 }  // namespace test

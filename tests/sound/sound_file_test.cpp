@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <tuple>
 
 #include "platform/sound/midi_file.h"
 #include "platform/sound/sound_file.h"
@@ -26,16 +27,17 @@ Bytes bytesOf(const std::string& text) {
     return {reinterpret_cast<const unsigned char*>(text.data()), text.size()};
 }
 
-/// A note of half a second at two ticks a millisecond.
-const std::string halfASecond = midiFile(std::string("\0\x90\x3C\x64\x87\x68\x80\x3C\0\0", 10));
+/// A note for half a second, then at half the tempo a rest for one.
+const std::string melody = midiFile(std::string("\0\x90\x3C\x64\x87\x68\x80\x3C\0", 9) +
+                                    std::string("\0\xFF\x51\x03\x07\xA1\x20\x87\x68", 9));
 
-TEST(MidiFile, TellsHowLongItPlays) {
-    EXPECT_DOUBLE_EQ(melodySeconds(bytesOf(halfASecond)).value_or(0), 0.5);
+TEST(MidiFile, TellsHowLongItPlaysThroughAChangeOfTempo) {
+    EXPECT_DOUBLE_EQ(melodySeconds(bytesOf(melody)).value_or(0), 1.5);
 }
 
 TEST(MidiFile, ThatBreaksOffIsRefusedWhereverItDoes) {
-    for (std::size_t i = 0; i < halfASecond.size(); ++i)
-        EXPECT_FALSE(melodySeconds(bytesOf(halfASecond.substr(0, i)))) << "after byte " << i;
+    for (std::size_t i = 0; i < melody.size(); ++i)
+        EXPECT_FALSE(melodySeconds(bytesOf(melody.substr(0, i)))) << "after byte " << i;
 }
 
 TEST(WaveFile, IsBelievedUpToTheLargestSound) {
@@ -53,15 +55,18 @@ class SoundFile : public testing::Test {
     Studio studio_;
 };
 
-TEST_F(SoundFile, IsFoundWhateverTheCaseOfItsLetters) {
+TEST_F(SoundFile, IsFoundWhateverTheCaseOfItsLettersAndTheExactOneWhereThereAreTwo) {
     put("carta.wav", "something");
     EXPECT_EQ(findSoundFile("CARTA.Wav").filename(), "carta.wav");
-    EXPECT_EQ(findSoundFile("cart.wav"), fs::path());
+    put("Carta.WAV", "something");
+    for (const char* name : {"carta.wav", "Carta.WAV"}) EXPECT_EQ(findSoundFile(name), name);
 }
 
-TEST_F(SoundFile, IsTheExactOneWhereThereAreTwo) {
-    for (const char* name : {"carta.wav", "Carta.WAV"}) put(name, "something");
-    for (const char* name : {"carta.wav", "Carta.WAV"}) EXPECT_EQ(findSoundFile(name), name);
+TEST_F(SoundFile, IsNoneWhereThereIsNothingToBeHeard) {
+    put("empty.mid", "");
+    fs::create_directory("folder.mid");
+    for (const char* name : {"missing.mid", "empty.mid", "folder.mid", "none/organ.mid"})
+        EXPECT_EQ(findSoundFile(name), fs::path()) << name;
 }
 
 TEST_F(SoundFile, IsReadUpToTheLargest) {
@@ -82,62 +87,47 @@ TEST_F(SoundFile, HasItsPathInUtf8) {
 /// A folder of the system's, to which the user has added nothing.
 class SoundFont : public testing::Test {
 protected:
-    static constexpr BankContent all{.programs = 128, .drums = true};
-
     SoundFont() {
         unsetenv("SDL_SOUNDFONTS");  // NOLINT(concurrency-mt-unsafe): there is one thread
         fs::create_directory("fonts");
     }
-    static void install(const char* name, BankContent content, std::size_t silence) {
-        content.silence = silence;
-        put(fs::path("fonts") / name, soundBank(content));
-    }
     static std::string found() { return findSoundFont(nullptr, {"fonts"}).filename().string(); }
+
+    const std::string all_ = soundBank(128, true);
 
 private:
     Studio studio_;
 };
 
-TEST_F(SoundFont, IsTheOneThatTheMelodiesWereMadeFor) {
-    install("Small.sf2", all, 0);
-    install("TimGM6mb.sf2", all, 5000);
-    install("default-GM.sf2", all, 20'000);
-    EXPECT_EQ(found(), "TimGM6mb.sf2");
-}
-
-TEST_F(SoundFont, IsElseTheSmallestWithAllInstruments) {
-    install("Large.sf2", all, 20'000);
-    install("Medium.sf2", all, 5000);
-    install("Piano.sf2", {.programs = 1, .drums = true}, 0);
-    install("WithoutDrums.sf2", {.programs = 128}, 0);
-    EXPECT_EQ(found(), "Medium.sf2");
-}
-
-TEST_F(SoundFont, IsWeighedAsItIsWhenUnpacked) {
-    install("Packed.sf3", all, 0);
-    install("Plain.sf2", all, 5000);
-    EXPECT_EQ(found(), "Plain.sf2");
-}
-
-TEST_F(SoundFont, MayLackInstrumentsRatherThanBeMissing) {
+TEST_F(SoundFont, IsTheSmallestWithAllInstrumentsUnlessTheOneThatTheMelodiesWereMadeForIsThere) {
+    const std::string half(20'000, '\0'), more = half + half;
+    const std::tuple<const char*, std::string, const char*> installed[] = {
+        {"Piano.sf2", soundBank(1, true), "Piano.sf2"},  // better than none
+        {"Large.sf2", all_ + more, "Large.sf2"},
+        {"WithoutDrums.sf2", soundBank(128), "Large.sf2"},
+        {"Packed.sf3", all_, "Large.sf2"},  // which takes more memory than it
+        {"Medium.sf2", all_ + half, "Medium.sf2"},
+        {"TimGM6mb.sf2", all_ + more, "TimGM6mb.sf2"},
+        {"default-GM.sf2", all_, "TimGM6mb.sf2"}};
     EXPECT_EQ(found(), "");
-    install("Piano.sf2", {.programs = 1}, 0);
-    EXPECT_EQ(found(), "Piano.sf2");
+    for (const auto& [name, content, best] : installed) {
+        put(fs::path("fonts") / name, content);
+        EXPECT_EQ(found(), best) << "with " << name;
+    }
 }
 
 TEST_F(SoundFont, IsPassedOverWhenItIsDamaged) {
-    const std::string whole = soundBank(all);
-    put("fonts/TimGM6mb.sf2", whole.substr(0, whole.size() - 1));
+    put("fonts/TimGM6mb.sf2", all_.substr(0, all_.size() - 1));
     put("fonts/Empty.sf2", "");
     put("fonts/Other.sf2", "RIFF" + std::string(100, '\0'));
     fs::create_symlink("nowhere", "fonts/Gone.sf2");
     EXPECT_EQ(found(), "");
-    install("Whole.sf2", all, 5000);
+    put("fonts/Whole.sf2", all_);
     EXPECT_EQ(found(), "Whole.sf2");
 }
 
 TEST_F(SoundFont, IsTheFirstWholeOneThatTheUserNames) {
-    install("TimGM6mb.sf2", all, 0);
+    put("fonts/TimGM6mb.sf2", all_);
     put("mine.sf2", soundBank());
     setenv("SDL_SOUNDFONTS", "missing.sf2;mine.sf2", 1);  // NOLINT(concurrency-mt-unsafe)
     EXPECT_EQ(found(), "mine.sf2");
