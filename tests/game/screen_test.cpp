@@ -42,17 +42,12 @@ Things inView(const Game& g) {
 
 constexpr Colour blue = 0xFF0000, lightBlue = 0xFF5000, green = 0x7000, black = 0;
 
-/// What is seen of the surface at some points: a colour, or a picture by its number below 0.
+/// What is seen of the surface at some points.
 struct Sight {
     int seen;
     const char* where;
     std::vector<std::pair<float, float>> points;
 };
-
-int seenAt(const Form& form, float x, float y) {
-    const Painted* const painted = form.surface.at(x, y);
-    return painted && painted->picture != picture::none ? -painted->picture : Point(form, x, y);
-}
 
 const std::vector<Sight> allBlue{{blue, "everywhere", {{1, 1}, {799, 599}, {400, 300}}}};
 const std::vector<Sight> tableIsWiped{{green, "edges", {{1, 1}, {799, 599}, {255, 300}}}};
