@@ -11,11 +11,6 @@
 
 namespace {
 
-template <class Items, class Item>
-bool contains(const Items& items, const Item& item) {
-    return std::ranges::find(items, item) != items.end();
-}
-
 /// The rules of the game once more, as plainly as they can be told and as slowly as they like.
 namespace naive {
 
@@ -103,7 +98,7 @@ Cards entries(const Cards& table, int played, const Cards& taken) {
     Cards listed = usable(table, played);
     if (listed.size() < 3 || sum(taken) != worth(played) || taken.size() < 2) return taken;
     std::ranges::replace_if(
-        listed, [&](int id) { return !contains(taken, id); }, 0);
+        listed, [&](int id) { return std::ranges::count(taken, id) == 0; }, 0);
     return listed;
 }
 
@@ -194,7 +189,7 @@ std::vector<int> drawPresses(Dealer& dealer, const Cards& table, const std::vect
     const Cards& aim = legal[dealer.below(legal.size())];
     std::vector<int> places;
     for (int p = 1; const int id : table) {
-        const bool wanted = aiming ? contains(aim, id) : dealer.below(3) == 0;
+        const bool wanted = aiming ? std::ranges::count(aim, id) > 0 : dealer.below(3) == 0;
         if (id != 0 && wanted) places.push_back(p);
         if (id != 0 && dealer.below(8) == 0) places.insert(places.end(), 2, p);
         ++p;
@@ -221,7 +216,7 @@ Attempt drawAttempt(Dealer& dealer, const Cards& table, int played) {
         const auto place = static_cast<std::size_t>(p - 1);
         std::swap(marks[place], unmarked[place]);
         attempt.marked = naive::lying(marks);
-        attempt.ends = contains(legal, attempt.marked);
+        attempt.ends = std::ranges::count(legal, attempt.marked) > 0;
     };
     for (bool judged = false; const int p : attempt.presses) {
         press(p);

@@ -75,7 +75,8 @@ struct Look {
 };
 
 /// The mascot belongs to the turn of an ace alone, and the banner to what follows a decision.
-bool sweeping(const WholeProgram& p, int player) {
+template <int player>
+bool sweeping(const WholeProgram& p) {
     const bool shown = player == human ? p.g.Mask2(1).Visible : p.g.Gorilla(1).Visible;
     return shown && p.moment == Moment::turn && p.turnOf == player && isAce(p.g.cartaGiocata);
 }
@@ -91,16 +92,8 @@ const std::vector<Look> looks{
     {"opening screen", &WholeProgram::choosing,
      opening("Single Game, chosen, 322 100", "11 points Game 322 130"), panel},
     {"score sheet", &WholeProgram::scoreShown, {"score sheet"}, {}},
-    {"human's sweep",
-     [](auto& p) { return sweeping(p, human); },
-     {"mask 100 400"},
-     tableIsWiped,
-     true},
-    {"computer's sweep",
-     [](auto& p) { return sweeping(p, computer); },
-     {"gorilla 100 120"},
-     tableIsWiped,
-     true},
+    {"human's sweep", sweeping<human>, {"mask 100 400"}, tableIsWiped, true},
+    {"computer's sweep", sweeping<computer>, {"gorilla 100 120"}, tableIsWiped, true},
     {"scopa", scopaShows, {"banner 110 300"}, tableIsWiped, true},
     {"hand", &WholeProgram::started, {}, tableIsWiped, true}};
 
