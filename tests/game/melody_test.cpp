@@ -11,8 +11,7 @@ using State = MMControl::State;
 
 TEST(Melody, RunsInALoopFromHandToHandAndChangesAtOnce) {
     WholeProgram program(1, "3,2,100");
-    Headless& backend = program.backend;
-    backend.melodySeconds = 20;
+    program.backend.melodySeconds = 20;
     MMControl& music = program.g.MMC1;
     int ended = 0;
     program.look = [&] {
@@ -24,10 +23,10 @@ TEST(Melody, RunsInALoopFromHandToHandAndChangesAtOnce) {
                  [&] { EXPECT_EQ(music.state, State::open) << "not heard yet"; });
     program.then(
         "the melody's third end", [&](auto&) { return ended == 3; },
-        [&] { backend.melodySeconds = 1e6; });
+        [&] { program.backend.melodySeconds = 1e6; });
     program.then("the second hand", &WholeProgram::secondHand, [&] {
         EXPECT_GT(Position(music), 10000) << "the second hand does not start it over again";
-        EXPECT_EQ(backend.melody, "/velarda/music/Go4yrgun.mid");
+        EXPECT_EQ(program.backend.melody, "/velarda/music/Go4yrgun.mid");
         music.player->ended();
     });
     program.then("the wait after it broke off", &WholeProgram::secondHand, [&] {
@@ -37,11 +36,11 @@ TEST(Melody, RunsInALoopFromHandToHandAndChangesAtOnce) {
     program.then("the wait after another choice", &WholeProgram::secondHand, [&] {
         EXPECT_EQ(music.state, State::playing);
         EXPECT_EQ(Position(music), 0) << "from its beginning";
-        EXPECT_EQ(backend.melody, "/velarda/music/Easycity.MID");
+        EXPECT_EQ(program.backend.melody, "/velarda/music/Easycity.MID");
         program.menu(program.g.canzoni(0));
     });
     program.then("the wait after the choice of none", &WholeProgram::secondHand,
-                 [&] { EXPECT_EQ(backend.melody, ""); });
+                 [&] { EXPECT_EQ(program.backend.melody, ""); });
     program.run();
 }
 

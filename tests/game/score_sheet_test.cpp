@@ -90,11 +90,11 @@ void expectSheet(const Game& g, const std::vector<Row>& rows) {
 struct Sheets : testing::Test {
     /// Lets the hands of one match or of several bring these points, and compares each sheet. A
     /// match is over after the hand of this number.
-    void expectSheets(std::vector<std::pair<int, int>> points, std::size_t lastOfMatch) {
+    void expectSheets(std::vector<std::pair<int, int>> points, int lastOfMatch) {
         program.watch = [this, points = std::move(points), lastOfMatch](Moment moment) {
-            const auto hand = static_cast<std::size_t>(program.seen(Moment::leftovers));
-            if (moment == Moment::leftovers)
-                forceHand(g, points.at(hand - 1).first, points.at(hand - 1).second);
+            const int hand = program.seen(Moment::leftovers);
+            const auto [ours, theirs] = points.at(static_cast<std::size_t>(std::max(hand, 1) - 1));
+            if (moment == Moment::leftovers) forceHand(g, ours, theirs);
             if (moment != Moment::scored) return;
             if (g.tipoPartita == 0 || hand == lastOfMatch + 1) rows.clear();
             if (rows.size() == 20) rows.erase(rows.begin());
@@ -129,7 +129,7 @@ TEST_F(Sheets, FollowEachOtherAndBeginAfreshInTheNextMatch) {
     int wiped = 0;
     program.look = [&] {
         if (Point(g.frmscore, 5, 5) != 0xFF0000) return;
-        for (const Control* control : g.frmscore.controls) EXPECT_FALSE(control->Visible);
+        EXPECT_TRUE(std::ranges::none_of(g.frmscore.controls, &Control::Visible));
         ++wiped;
     };
     const auto twice = program.presses({&g.Command1, &g.Command1});

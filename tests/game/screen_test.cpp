@@ -42,17 +42,12 @@ Things inView(const Game& g) {
 
 constexpr Colour blue = 0xFF0000, lightBlue = 0xFF5000, green = 0x7000, black = 0;
 
-/// What is seen of the surface at some points: a colour, or a picture by its number below 0.
+/// What is seen of the surface at some points.
 struct Sight {
     int seen;
     const char* where;
     std::vector<std::pair<float, float>> points;
 };
-
-int seenAt(const Form& form, float x, float y) {
-    const Painted* const painted = form.surface.at(x, y);
-    return painted && painted->picture != picture::none ? -painted->picture : Point(form, x, y);
-}
 
 const std::vector<Sight> allBlue{{blue, "everywhere", {{1, 1}, {799, 599}, {400, 300}}}};
 const std::vector<Sight> tableIsWiped{{green, "edges", {{1, 1}, {799, 599}, {255, 300}}}};
@@ -80,7 +75,8 @@ struct Look {
 };
 
 /// The mascot belongs to the turn of an ace alone, and the banner to what follows a decision.
-bool sweeping(const WholeProgram& p, int player) {
+template <int player>
+bool sweeping(const WholeProgram& p) {
     const bool shown = player == human ? p.g.Mask2(1).Visible : p.g.Gorilla(1).Visible;
     return shown && p.moment == Moment::turn && p.turnOf == player && isAce(p.g.cartaGiocata);
 }
@@ -96,16 +92,8 @@ const std::vector<Look> looks{
     {"opening screen", &WholeProgram::choosing,
      opening("Single Game, chosen, 322 100", "11 points Game 322 130"), panel},
     {"score sheet", &WholeProgram::scoreShown, {"score sheet"}, {}},
-    {"human's sweep",
-     [](auto& p) { return sweeping(p, human); },
-     {"mask 100 400"},
-     tableIsWiped,
-     true},
-    {"computer's sweep",
-     [](auto& p) { return sweeping(p, computer); },
-     {"gorilla 100 120"},
-     tableIsWiped,
-     true},
+    {"human's sweep", sweeping<human>, {"mask 100 400"}, tableIsWiped, true},
+    {"computer's sweep", sweeping<computer>, {"gorilla 100 120"}, tableIsWiped, true},
     {"scopa", scopaShows, {"banner 110 300"}, tableIsWiped, true},
     {"hand", &WholeProgram::started, {}, tableIsWiped, true}};
 

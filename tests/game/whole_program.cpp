@@ -56,6 +56,11 @@ void WholeProgram::runHands(int hands) {
     run();
 }
 
+int seenAt(const Form& form, float x, float y) {
+    const Painted* const painted = form.surface.at(x, y);
+    return painted && painted->picture != picture::none ? -painted->picture : Point(form, x, y);
+}
+
 void forceHand(Game& g, int humanPoints, int computerPoints) {
     // One player has the whole pack, which is four points; scope make up the rest.
     const bool toHuman = computerPoints < 4;

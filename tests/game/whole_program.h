@@ -81,5 +81,8 @@ private:
     std::map<Moment, int> seen_;
 };
 
+/// What is seen of the surface at a point: a colour, or a picture by its number below 0.
+int seenAt(const Form&, float x, float y);
+
 /// For Moment::leftovers: makes the hand bring these points; one of the two must be 4 or more.
 void forceHand(Game&, int humanPoints, int computerPoints);

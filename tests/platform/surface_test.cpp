@@ -95,38 +95,26 @@ TEST(Surface, StaysSmall) {
     EXPECT_NE(Point(sheet.form, 12.1f, 18.9f), 0x99) << "and no more";
 }
 
-TEST(ControlAt, IsTheOneInFront) {
-    Random random;
-    for (int round = 0; round < 300; ++round) {
-        Sheet sheet;
-        Runtime runtime(sheet, {});
-        sheet.form.grid = {1 + random.unit(30) / 10, 1.25, 1.25};
-        Image images[24];
-        for (Image& image : images) {
-            Move(image, random.unit(60), random.unit(60));
-            image.Width = image.Height = 25;
-            image.fixedWidth = random.below(3) == 0 ? 17 : 0;
-            image.Visible = random.below(4) != 0;
-            image.kind = random.below(4) == 0 ? Kind::button : Kind::image;
-            sheet.form.controls.push_back(&image);
-        }
-        auto order = sheet.form.controls;  // from back to front
-        for (int i = 0; i < 9; ++i) {
-            Image& raised = images[random.below(24)];
-            ZOrder(runtime, raised);
-            std::erase(order, &raised);
-            order.push_back(&raised);
-        }
-        std::erase_if(order, [](auto* one) { return !one->Visible || one->kind == Kind::button; });
-        EXPECT_TRUE(std::ranges::equal(drawnControls(sheet.form), order));
-        const float x = random.unit(90) + 0.3f, y = random.unit(90) + 0.3f;
-        const double px = x * sheet.form.grid.x, py = y * sheet.form.grid.y;
-        const auto front = std::find_if(order.rbegin(), order.rend(), [&](auto* one) {
-            const PixelBox box = pixelsOf(*one, sheet.form.grid);
-            return px >= box.left && px < box.right && py >= box.top && py < box.bottom;
-        });
-        EXPECT_EQ(controlAt(sheet.form, x, y), front == order.rend() ? nullptr : *front);
+TEST(ControlAt, IsTheVisibleOneThatWasRaisedLast) {
+    Sheet sheet;
+    Runtime runtime(sheet, {});
+    sheet.form.grid = {2, 2, 1};
+    Image back, small, middle, hidden, button;
+    for (Image* image : {&back, &small, &middle, &hidden, &button}) {
+        Move(*image, 0, 0);
+        image->Width = image->Height = 25;
+        image->Visible = image != &hidden;
+        sheet.form.controls.push_back(image);
     }
+    small.fixedWidth = 17;
+    button.kind = Kind::button;
+    EXPECT_EQ(controlAt(sheet.form, 5, 5), &middle) << "those never raised keep their order";
+    for (Image* raised : {&back, &small, &button}) ZOrder(runtime, *raised);
+    EXPECT_EQ(drawnControls(sheet.form), (std::vector<const Control*>{&middle, &back, &small}));
+    EXPECT_EQ(controlAt(sheet.form, 8.4f, 5), &small) << "its 17 pixels are 8.5 units";
+    EXPECT_EQ(controlAt(sheet.form, 8.6f, 5), &back);
+    EXPECT_EQ(controlAt(sheet.form, 5, 24.9f), &small) << "the height is not fixed";
+    EXPECT_EQ(controlAt(sheet.form, 5, 25.1f), nullptr);
 }
 
 }  // namespace

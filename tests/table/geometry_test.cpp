@@ -1,11 +1,14 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-// Where the cards lie, worked out from the design alone, and which place a point belongs to.
+// Where the cards lie, worked out from the design alone, and which place a point or a pixel belongs
+// to.
 
 #include "table/geometry.h"
 
 #include <gtest/gtest.h>
+
+#include <array>
 
 #include "platform/headless/headless.h"
 #include "state/state.h"
@@ -81,6 +84,38 @@ TEST_F(Geometry, PointsBelongToPlaces) {
         EXPECT_EQ(place.column, column) << "with the gap beyond it, at " << x << ", " << y;
         EXPECT_EQ(onTable(place), row % 4 != 0 && column % 5 != 0) << x << ", " << y;
     }
+}
+
+/// Presses on the first and on the last pixel of what reaches from an edge over a length.
+std::array<float, 2> outermost(float edge, float length, double pixelsPerUnit) {
+    const PixelBox box = toPixels({edge, 0, edge + length, 1}, {pixelsPerUnit, 1, 1});
+    return {pressOn(box.left, pixelsPerUnit), pressOn(box.right - 1, pixelsPerUnit)};
+}
+
+/// Colour and place are never read from two sides of an edge: on windows of every width and height.
+TEST_F(Geometry, APressOnAnyPixelOfACardIsCountedToItsPlaceAtEverySize) {
+    int wrong = 0;
+    for (int percent = 40; percent <= 106; ++percent) {
+        measure(static_cast<float>(percent) / 100);
+        for (int width = 320; width <= 7680; ++width)
+            for (int i = 0; i < 4; ++i) {
+                const double across = width / static_cast<double>(unitsAcross);
+                for (const float x : outermost(handSpot(g, i).left, g.larghezzaCarta, across))
+                    if (i < 3) wrong += handSlotAt(g, x, 590) != i + 1;
+                const float column = placeSpot(g, {1, i + 1}).left;
+                for (const float x : outermost(column, g.larghezzaCarta, across))
+                    wrong += tablePlaceAt(g, x, 300).column != i + 1;
+            }
+        for (int height = 240; height <= 4320; ++height) {
+            const double down = height / static_cast<double>(unitsDown);
+            for (const float y : outermost(handSpot(g, 0).top, g.altezzaCarta, down))
+                wrong += handSlotAt(g, 400, y) != 2;
+            for (int row = 1; row <= 3; ++row)
+                for (const float y : outermost(placeSpot(g, {row, 1}).top, g.altezzaCarta, down))
+                    wrong += tablePlaceAt(g, 400, y).row != row;
+        }
+    }
+    EXPECT_EQ(wrong, 0);
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ import sys
 import time
 from pathlib import Path
 
-from Xlib import Xatom, display
+from Xlib import display
 from Xlib.ext import damage
 
 from virtual_screen import PATIENCE, TIED, Game, VirtualScreen, wait_until
@@ -34,37 +34,17 @@ def sliding(drawn):
 class Watched(Game):
     """The program, and what it draws, as the screen tells."""
 
-    def __init__(self, screen, **environment):
-        super().__init__(screen, PROGRAM)
-        self.more = environment
+    def __init__(self, screen, **more):
+        super().__init__(screen, PROGRAM, more=more)
 
     def __enter__(self):
-        usual = dict(self.screen.environment)
-        self.screen.environment.update(self.more)
         super().__enter__()
-        self.screen.environment.clear()
-        self.screen.environment.update(usual)
-        try:
-            self.eye = display.Display(usual["DISPLAY"])
-            self.eye.damage_query_version()
-            window = self.eye.create_resource_object("window", self.wait_for_window().id)
-            window.damage_create(damage.DamageReportRawRectangles)
-            self.eye.sync()
-        except BaseException:
-            self.__exit__()
-            raise
+        self.eye = display.Display(self.screen.environment["DISPLAY"])
+        self.eye.damage_query_version()
+        window = self.eye.create_resource_object("window", self.wait_for_window().id)
+        window.damage_create(damage.DamageReportRawRectangles)
+        self.eye.sync()
         return self
-
-    def wait_for_window(self, seconds=PATIENCE):
-        """A window manager that has just started may sleep over the first window until it hears
-        of anything else."""
-        for _ in range(seconds):
-            try:
-                return super().wait_for_window(1)
-            except TimeoutError:
-                self.screen.root.change_property(
-                    self.screen.atom("_VELARDA_AWAKE"), Xatom.CARDINAL, 32, [1])
-        raise TimeoutError("no window")
 
     def drawn(self, seconds=0.0):
         """What has been drawn since the last call and in the seconds to come: time and place."""

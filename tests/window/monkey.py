@@ -26,13 +26,13 @@ class Monkey(Game):
     most = 6  # cards of which sets are tried; it may give up a hand that needs others
 
     def __init__(self, screen, program, seed, pace=1):
-        if pace != 1:  # the program's clock runs faster, so that a short run sees more of the game
-            screen.environment |= {"LD_PRELOAD": "/usr/$LIB/faketime/libfaketimeMT.so.1",
-                                   "FAKETIME": "+0 x%g" % pace, "FAKETIME_DISABLE_SHM": "1"}
+        # The program's clock runs faster, so that a short run sees more of the game.
+        fake = {"LD_PRELOAD": "/usr/$LIB/faketime/libfaketimeMT.so.1",
+                "FAKETIME": "+0 x%g" % pace, "FAKETIME_DISABLE_SHM": "1"} if pace != 1 else {}
         self.draw, self.done, self.sheets, self.slowest = random.Random(seed).choice, ["-"], 0, 0
         self.cards = self.draw((40, 70, 100, 100, 106, 250.5))
-        super().__init__(screen, program, settings=b" %d \r\n 3 \r\n %.7g \r\n" % (
-            self.draw((0, 0, 0, 12)), self.cards))
+        super().__init__(screen, program, b" %d \r\n 3 \r\n %.7g \r\n" % (
+            self.draw((0, 0, 0, 12)), self.cards), fake)
 
     def play(self):
         window = self.windows()[0]

@@ -83,20 +83,20 @@ class VirtualScreen:
 class Game:
     """The program in a folder of its own; .complaints is all that it has said on its outputs."""
 
-    def __init__(self, screen, program, folder=None, settings=b" 0 \r\n 3 \r\n 100 \r\n"):
+    def __init__(self, screen, program, settings=b" 0 \r\n 3 \r\n 100 \r\n", more=()):
         self.screen, self.program, self.given = screen, Path(program).resolve(), settings
+        self.environment = screen.environment | dict(more)
         self._temporary = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
-        self.folder = Path(folder or self._temporary.name)
+        self.folder = Path(self._temporary.name)
 
     def __enter__(self):
         puts = {self.program.name: shutil.copy2, "music": os.symlink, "carta.wav": os.symlink,
                 "config.crv": lambda _, place: place.write_bytes(self.given)}
         for name, put in puts.items():
-            if not (self.folder / name).exists():
-                put(self.program.parent / name, self.folder / name)
+            put(self.program.parent / name, self.folder / name)
         self._said = tempfile.TemporaryFile()
         self.process = subprocess.Popen(
-            [*TIED, str(self.folder / self.program.name)], env=self.screen.environment,
+            [*TIED, str(self.folder / self.program.name)], env=self.environment,
             cwd=self.folder, stdin=subprocess.DEVNULL, stdout=self._said, stderr=self._said)
         return self
 

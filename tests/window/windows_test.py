@@ -4,6 +4,7 @@
 """PROGRAM: the two windows come up maximised and stay as the player leaves them, over the score
 sheets of a match; settings saved by an editor that puts a byte-order mark in front are read."""
 
+import contextlib
 import sys
 import time
 
@@ -32,18 +33,15 @@ class Player(Monkey):
             return None, None
 
     def play_to_the_sheet(self):
-        limit = time.monotonic() + 100
-        while self.front()[1] != "sheet":
-            if time.monotonic() > limit:
-                raise TimeoutError("no score sheet")
+        def has_played():
             assert self.process.poll() is None, "the program has ended: " + self.complaints
             window, kind = self.front()
-            if kind == "table":
-                try:
+            # The table may have just gone.
+            with contextlib.suppress(error.BadWindow, error.BadDrawable, error.BadMatch):
+                if kind == "table":
                     self.play_table(window)
-                except (error.BadWindow, error.BadDrawable, error.BadMatch):
-                    pass  # it has just gone
-            time.sleep(0.02)
+            return kind == "sheet"
+        wait_until(has_played, "no score sheet", 100)
         return self.front()[0]
 
     def go_on(self):
