@@ -4,10 +4,12 @@
 // velarda-screenshots FOLDER [WIDTH HEIGHT]
 //
 // Plays a match by itself in windows of the given size, 1280 by 960 unless told otherwise, and
-// writes pictures of the opening screen, the table, a selection, the rules and the score sheet.
+// writes pictures of the opening screen, the table, a selection, a fan of taken cards, a scopa, an
+// ace sweep, the rules and the score sheet.
 
 #include <QApplication>
 #include <QPixmap>
+#include <QStringList>
 #include <cstdio>
 #include <cstdlib>
 
@@ -55,11 +57,23 @@ private:
             selected_ = true;
             take("selection", game_.frmscopa);
         }
+        // Each taken card comes after one wait.
+        if (numberFanned_ > 2 && --waitsForFan_ == 0) once("fan");
+        if (game_.Picture2.Visible) once("scopa");
+        if (opened_ && !game_.GO.Visible && game_.Gorilla(6).Visible) once("sweep");
         return robot_.act(until);
+    }
+
+    void once(const QString& name) {
+        if (seen_.contains(name)) return;
+        seen_ += name;
+        take(qPrintable(name), game_.frmscopa);
     }
 
     void see(Moment moment) {
         if (moment == Moment::dealt) ++hand_;
+        numberFanned_ = moment == Moment::decided ? game_.numeroPresa : 0;
+        waitsForFan_ = numberFanned_;
         if (moment == Moment::turn && !shown_ && fullTable()) {
             shown_ = true;
             take("table", game_.frmscopa);
@@ -91,7 +105,8 @@ private:
     ScriptedDesktop desktop_;
     Game game_;
     Robot robot_;
-    int hand_ = 0;
+    QStringList seen_;
+    int hand_ = 0, numberFanned_ = 0, waitsForFan_ = 0;
     bool opened_ = false, shown_ = false, selected_ = false, written_ = true;
 };
 

@@ -17,6 +17,8 @@
 
 namespace {
 
+constexpr double mostTiles = 1000;  ///< in a quarter of the box
+
 class Composition {
 public:
     Composition(QSizeF design, QSizeF box) : design_(design), box_(box) {
@@ -234,8 +236,11 @@ QByteArray Composition::ornaments(const QByteArray& tag) {
 QByteArray Composition::tiles(const QByteArray& tag) const {
     const QSizeF step = sizeOf(tag, "step");
     const QPointF centre(box_.width() / 2, box_.height() / 2);
-    const int across = static_cast<int>(std::ceil(centre.x() / step.width()));
-    const int down = static_cast<int>(std::ceil(centre.y() / step.height()));
+    const double columns = std::ceil(centre.x() / step.width());
+    const double rows = std::ceil(centre.y() / step.height());
+    // In a window a few pixels high they would be thousands that nobody sees.
+    if (columns * rows > mostTiles) return {};
+    const int across = static_cast<int>(columns), down = static_cast<int>(rows);
     QByteArray out;
     for (int row = -down; row <= down; ++row)
         for (int column = -across; column <= across; ++column)
