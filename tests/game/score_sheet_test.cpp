@@ -126,10 +126,14 @@ TEST_F(Sheets, FollowEachOtherAndBeginAfreshInTheNextMatch) {
     expectSheets({{4, 4}, {12, 4}, {5, 4}}, 2);
     program.backend.wipeSeconds = 1;
     program.backend.frameSeconds = 1 / 64.0;
-    int wiped = 0;
+    int wiped = 0, wipedInPart = 0;
     program.look = [&] {
-        if (Point(g.frmscore, 5, 5) != 0xFF0000) return;
+        const auto isBlue = [&](float x, float y) { return Point(g.frmscore, x, y) == 0xFF0000; };
+        if (!isBlue(5, 5)) return;
         EXPECT_TRUE(std::ranges::none_of(g.frmscore.controls, &Control::Visible));
+        EXPECT_TRUE(isBlue(795, 595)) << "the lower half fills from the right";
+        EXPECT_EQ(isBlue(200, 305), isBlue(600, 295)) << "as far as the upper one from the left";
+        if (!isBlue(600, 295)) ++wipedInPart;
         ++wiped;
     };
     const auto twice = program.presses({&g.Command1, &g.Command1});
@@ -139,8 +143,10 @@ TEST_F(Sheets, FollowEachOtherAndBeginAfreshInTheNextMatch) {
     program.then("the first sheet", &WholeProgram::scoreShown, twice);
     program.then("the second hand", &WholeProgram::picking, program.presses({&g.Command1}));
     program.then("the second sheet", &WholeProgram::scoreShown, twice);
-    program.then("the next title", &WholeProgram::titleShows,
-                 [&] { EXPECT_GT(wiped, 30) << "the wipe of the sheet is to be seen"; });
+    program.then("the next title", &WholeProgram::titleShows, [&] {
+        EXPECT_NEAR(wiped, 64, 4) << "the wipe takes its second";
+        EXPECT_NEAR(wipedInPart, 48, 4) << "evenly, from the left";
+    });
     program.then("the next opening screen", &WholeProgram::choosing,
                  program.presses({&g.GO, &g.GO}));
     program.then("the third sheet", &WholeProgram::scoreShown);

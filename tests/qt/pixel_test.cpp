@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
+#include <cstring>
 #include <vector>
 
 #include "game/event_table.h"
@@ -63,7 +64,7 @@ private:
         window().resize(sizes_[moves++ % sizes_.size()]);
         QCoreApplication::processEvents();
         desktop_.present();
-        QImage image = screen();
+        QImage& image = screen();
         const std::vector<Known> known = knownCards();
         for (const auto& [picture, rect] : known)
             if (picture != picture::none && picture != picture::back)
@@ -73,15 +74,25 @@ private:
         for (const Control* control : drawnControls(g_.frmscopa))
             cover.fillRect(rectOf(pixelsOf(*control, g_.frmscopa.grid)), QColor(tableGreen));
         cover.end();
-        QImage bare(image.size(), image.format());
-        bare.fill(tableGreen);
-        stray += image != bare;
+        stray += !isBare(image);
     }
 
-    QImage screen() {
-        QImage image = window().view().grab().toImage().convertToFormat(QImage::Format_RGB32);
-        image.setDevicePixelRatio(1);
-        return image;
+    static bool isBare(const QImage& image) {
+        const std::vector<QRgb> bare(static_cast<std::size_t>(image.width()), tableGreen);
+        const auto bytes = static_cast<std::size_t>(image.bytesPerLine());
+        for (int y = 0; y < image.height(); ++y)
+            if (std::memcmp(image.constScanLine(y), bare.data(), bytes) != 0) return false;
+        return true;
+    }
+
+    QImage& screen() {
+        SurfaceView& view = window().view();
+        const QSize size = view.size() * view.devicePixelRatio();
+        if (screen_.size() != size) screen_ = QImage(size, QImage::Format_RGB32);
+        screen_.setDevicePixelRatio(view.devicePixelRatio());
+        view.render(&screen_);
+        screen_.setDevicePixelRatio(1);
+        return screen_;
     }
 
     bool isBlurred(const QImage& image, Picture picture, const QRect& rect) {
@@ -98,7 +109,7 @@ private:
         for (Control* control : g_.frmscopa.controls)
             if (std::exchange(control->Visible, false)) hidden.push_back(control);
         desktop_.present();
-        const QImage image = screen();
+        const QImage& image = screen();
         const auto [across, down, fixed] = g_.frmscopa.grid;
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x) {
@@ -139,6 +150,7 @@ private:
     Game g_{desktop_, eventTable()};
     Robot robot_{g_, 7};
     PictureCache pictures_;
+    QImage screen_;
 };
 
 TEST(Table, IsBareAndSharpAtEverySizeAndAfterEveryResize) {
