@@ -11,6 +11,7 @@
 #include "game/event_table.h"
 #include "platform/headless/headless.h"
 #include "preferences/settings.h"
+#include "state/state.h"
 #include "tools/recorder.h"
 #include "tools/robot.h"
 
