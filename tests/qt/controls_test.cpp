@@ -42,7 +42,7 @@ struct Opening : ScriptedDesktop {
         return window(g.frmscopa).view().findChildren<Widget*>();
     }
 
-    void mouse(QWidget* widget, QEvent::Type type, QPointF place) {
+    static void mouse(QWidget* widget, QEvent::Type type, QPointF place) {
         const auto held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
         QMouseEvent event(type, place, widget->mapToGlobal(place), Qt::LeftButton, held,
                           Qt::NoModifier);

@@ -59,7 +59,8 @@ TEST_F(SettingsFile, IsTheOldOneOrTheNewOneWhenItsWriterIsKilled) {
     for (int i = 0; i < kills(); ++i) {
         const pid_t child = fork();
         ASSERT_NE(child, -1);
-        while (child == 0) store_.write(second), store_.write(first);
+        if (child == 0)
+            for (;;) store_.write(second), store_.write(first);
         usleep(moment(chance));
         int status = 0;
         kill(child, SIGKILL);
