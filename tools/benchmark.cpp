@@ -5,6 +5,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstdlib>
+#include <new>
+
 #include "game/capture.h"
 #include "game/event_table.h"
 #include "platform/headless/headless.h"
@@ -14,6 +17,25 @@
 #include "table/wipe.h"
 #include "tools/recorder.h"
 #include "tools/robot.h"
+
+namespace {
+
+long allocations = 0;
+
+}  // namespace
+
+// Not inlined: the compiler would take the pair of malloc and delete for a mistake.
+[[gnu::noinline]] void* operator new(std::size_t size) {
+    ++allocations;
+    if (void* memory = std::malloc(size)) return memory;
+    throw std::bad_alloc();
+}
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
 
 namespace {
 
@@ -37,9 +59,11 @@ void playHands(int hands, bool watched) {
 
 void Hand(benchmark::State& state) {
     constexpr int hands = 500;
+    const long before = allocations;
     for ([[maybe_unused]] auto _ : state) playHands(hands, state.range(0) != 0);
-    state.counters["hands"] = benchmark::Counter(static_cast<double>(state.iterations() * hands),
-                                                 benchmark::Counter::kIsRate);
+    const double played = static_cast<double>(state.iterations()) * hands;
+    state.counters["hands"] = benchmark::Counter(played, benchmark::Counter::kIsRate);
+    state.counters["allocations"] = static_cast<double>(allocations - before) / played;
 }
 BENCHMARK(Hand)->ArgName("checked")->Arg(0)->Arg(1);
 

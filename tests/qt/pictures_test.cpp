@@ -277,11 +277,8 @@ void expectSame(int number, QRectF part, const std::function<double(QRgb)>& belo
     });
 }
 
-TEST(Shapes, EyesKeepTheirProportions) {
+TEST(Shapes, EyesAndLettersKeepTheirProportions) {
     expectSame(picture::mask(1), QRectF(52, 56, 46, 12), isDark, 0.5, 1);
-}
-
-TEST(Shapes, LettersKeepTheirProportions) {
     expectSame(picture::title, QRectF(60, 12, 640, 104), isGold, 0.5, 0.5);
     expectSame(picture::face(36), QRectF(8, 7.5, 15, 19.5), isDark, 0.08, 0.045);
 }
@@ -294,14 +291,12 @@ TEST(Shapes, APulledCoinIsNoticed) {
 
 TEST(Frames, LampsAndBannerHaveClearCorners) {
     for (int number = picture::banner; number <= lastPicture; ++number) {
-        for (const int scale : {1, 3}) {
-            if (number == picture::title) continue;
-            const QImage image = draw(number, designSize(number) * scale);
-            const QRect all = image.rect();
-            for (const QPoint corner :
-                 {all.topLeft(), all.topRight(), all.bottomLeft(), all.bottomRight()})
-                EXPECT_EQ(qAlpha(image.pixel(corner)), 0) << number;
-        }
+        if (number == picture::title) continue;
+        const QImage image = draw(number, designSize(number));
+        const QRect all = image.rect();
+        for (const QPoint corner :
+             {all.topLeft(), all.topRight(), all.bottomLeft(), all.bottomRight()})
+            EXPECT_EQ(qAlpha(image.pixel(corner)), 0) << number;
     }
 }
 
