@@ -53,8 +53,12 @@ Box hiddenByBoth(const Box& hidden, const Box& added) {
 
 /// The first pixel whose middle does not lie before an edge.
 int edge(float units, double pixelsPerUnit) {
-    const int nearest = static_cast<int>(std::ceil(units * pixelsPerUnit - 0.5));
-    // A middle just before the edge may be the same number in single precision.
+    const double place = units * pixelsPerUnit - 0.5;
+    const int nearest = static_cast<int>(std::ceil(place));
+    // A middle just before the edge may be the same number in single precision. Further away than
+    // this it cannot be, and most are.
+    constexpr double nextToIt = 1e-2;
+    if (place - (nearest - 1) > nextToIt) return nearest;
     return middleOf(nearest - 1, pixelsPerUnit) >= units ? nearest - 1 : nearest;
 }
 
