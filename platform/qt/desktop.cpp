@@ -6,10 +6,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>
-#include <QGuiApplication>
 #include <QMetaObject>
 #include <QTimer>
-#include <QWindow>
 #include <chrono>
 #include <cmath>
 #include <functional>
@@ -41,18 +39,6 @@ Desktop::Desktop() {
     frameSeconds = 1.0 / 60;
     wipeSeconds = 0.5;
     clock_.start();
-    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &ear_,
-                     [this](const QWindow* focused) { keepInFront(focused); });
-}
-
-/// The table behind a score sheet answers nothing; whoever clicks it shall find the sheet again.
-void Desktop::keepInFront(const QWindow* focused) {
-    if (!front_ || front_->isAway() || !front_->isVisible()) return;
-    for (const auto& [form, window] : windows_) {
-        if (window.get() == front_ || window->windowHandle() != focused) continue;
-        front_->raise();
-        front_->activateWindow();
-    }
 }
 
 FormWindow* Desktop::existing(const Form& form) const {

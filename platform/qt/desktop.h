@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QObject>
 #include <memory>
 #include <vector>
 
@@ -12,7 +11,6 @@
 #include "platform/qt/form_window.h"
 #include "platform/qt/picture_cache.h"
 
-class QWindow;
 struct Runtime;
 
 /// The desktop backend: real windows, the system's clock, the settings file. A QApplication must
@@ -47,7 +45,6 @@ protected:
 
 private:
     FormWindow* existing(const Form&) const;
-    void keepInFront(const QWindow* focused);
 
     PictureCache pictures_;
     QElapsedTimer clock_;
@@ -57,5 +54,4 @@ private:
     };
     std::vector<Opened> windows_;  ///< in the order in which they were first needed
     FormWindow* front_ = nullptr;  ///< the one shown last
-    QObject ear_;                  ///< hears of the focus as long as the windows are there
 };
