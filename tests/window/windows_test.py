@@ -45,10 +45,12 @@ class Player(Monkey):
         return self.front()[0]
 
     def go_on(self):
-        """CONTINUE, by the key that presses the button in focus."""
+        """CONTINUE, by the mouse: a press meant for the table may have taken the focus from it."""
         def table_is_back():
-            if self.front()[1] == "sheet":
-                self.key("Return")
+            window, kind = self.front()
+            if kind == "sheet":
+                left, top, width, height = self.place(window)
+                self.press(left + width * 200 // 800, top + height * 535 // 600)
             time.sleep(0.1)
             return self.front()[1] == "table"
         wait_until(table_is_back, "CONTINUE does not bring the table back")
