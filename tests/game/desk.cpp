@@ -77,15 +77,14 @@ void Desk::press(Spot card) {
 }
 
 bool Desk::humanPlays(const std::vector<int>& places, std::vector<int> late) {
-    bool picked = false;
-    auto next = places.begin();
-    backend.time.user = [&](double until) {
+    backend.time.user = [this, late = std::move(late), picked = false, next = places.begin(),
+                         end = places.end()](double until) mutable {
         if (until == atOnce)
             for (const int number : std::exchange(late, {})) press(placeSpot(g, placeOf(number)));
         if (until != never) return false;
         if (!std::exchange(picked, true)) {
             press(handSpot(g, 0));
-        } else if (next != places.end()) {
+        } else if (next != end) {
             press(placeSpot(g, placeOf(*next++)));
         }
         return !g.queue.empty();

@@ -41,7 +41,7 @@ class Player(Monkey):
                 if kind == "table":
                     self.play_table(window)
             return kind == "sheet"
-        wait_until(has_played, "no score sheet", 100)
+        wait_until(has_played, "no score sheet", 240)
         return self.front()[0]
 
     def go_on(self):
