@@ -4,6 +4,7 @@
 #include "game/human.h"
 
 #include "game/capture.h"
+#include "game/keys.h"
 #include "preferences/panels.h"
 #include "state/card_holders.h"
 #include "state/cards.h"
@@ -70,6 +71,9 @@ bool selectionStands(const Game& g) {
 
 void waitForSelection(Game& g) {
     g.fase = "selezione";
+    collectSelection(g);
+    // After a sweep there is nothing left to choose.
+    if (!legalSelection(g)) ringFirst(g);
     while (true) {
         collectSelection(g);
         rtcDoEvents(g, legalSelection(g) ? atOnce : never);
@@ -93,7 +97,9 @@ void Form_MouseDown(Game& g, int, int, float X, float Y) {
 
 void gioco1(Game& g) {
     g.fase = "gioco1";
+    ringFirst(g);
     while (g.cartaGiocata == 0) rtcDoEvents(g, never);
+    withdrawRing(g);
     ++g.mosseGiocate;
 }
 
@@ -106,6 +112,7 @@ void verifica(Game& g) {
         g.numeroPresa = g.sommaPresa = 0;
     }
     g.fase.clear();
+    withdrawRing(g);
     ritardo(g, 1);
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/form.h"
+#include "platform/qt/ring.h"
 
 class PictureCache;
 struct Runtime;
@@ -32,6 +33,10 @@ protected:
     void resizeEvent(QResizeEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
     void mouseDoubleClickEvent(QMouseEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+    /// Keys that belong to the game though a button on the surface has the focus.
+    bool eventFilter(QObject* button, QEvent*) override;
     // It looks the same with the focus and without; a plain widget would paint itself anew.
     void focusInEvent(QFocusEvent*) override {}
     void focusOutEvent(QFocusEvent*) override {}
@@ -54,6 +59,7 @@ private:
     std::vector<Shown> drawnNow() const;
     void findChangedControls();
     void drawControl(QPainter&, const Shown&) const;
+    bool queueKey(const QKeyEvent&);
     QString spoken() const;
 
     Runtime& runtime_;
@@ -62,4 +68,6 @@ private:
     QImage canvas_;
     QRegion changed_;
     std::vector<Shown> shown_;
+    Ring ring_;          ///< as last shown
+    QPoint mouseAtKey_;  ///< where the mouse was when a key was last pressed
 };
