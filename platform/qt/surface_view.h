@@ -49,6 +49,8 @@ private:
     };
 
     void fitCanvas();
+    void awaitFrame();
+    void preparePictures() const;
     void redraw();
     void draw(const Painted&);
     std::vector<Shown> drawnNow() const;
@@ -60,6 +62,7 @@ private:
     Form& form_;
     PictureCache& pictures_;
     QImage canvas_;
+    double redrawn_ = -1;  ///< when all that was painted was last drawn anew; the clock's seconds
     QRegion changed_;
     std::vector<Shown> shown_;
 };
