@@ -83,8 +83,10 @@ void SurfaceView::awaitFrame() {
     redrawn_ = runtime_.backend.clock();
 }
 
-/// A dozen cards drawn one after the other would take longer than a frame.
+/// A dozen cards drawn one after the other would take longer than a frame. What the opening screen
+/// shows is drawn as it comes: to ask others for help would cost the start more than it saves.
 void SurfaceView::preparePictures() const {
+    if (form_.surface.tidied().empty()) return;
     std::vector<PictureCache::Wanted> wanted;
     for (const Painted& entry : form_.surface.tidied()) {
         const auto [width, height] = drawnSize(entry.box, form_.grid);
