@@ -86,16 +86,17 @@ class Player(Monkey):
         wait_until(self.windows, "it does not come back")
 
     def choose_21_points(self):
-        """A match of several hands. Nothing is chosen before the options are there."""
+        """The last of the three kinds, of several hands. The keys go to the window in front."""
         window = self.front()[0]
         left, top, width, height = self.place(window)
-        bar = 22
-        x, y = width * 470 // 800, bar + (height - bar) * 166 // 600
-        yellow = b"\xc0\xff\xff"
-        wait_until(lambda: window.get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFF).data[:3] == yellow,
-                   "no option")
-        self.key("End")
+        bar, dark_red = 22, b"\0\0\x80"
+        dot = width * 322 // 800 + 11, bar + (height - bar) * 166 // 600
 
+        def is_chosen():
+            self.key("End")
+            time.sleep(0.2)
+            return window.get_image(*dot, 1, 1, X.ZPixmap, 0xFFFFFF).data[:3] == dark_red
+        wait_until(is_chosen, "the last kind of match is not chosen")
 
 with VirtualScreen() as screen, Player(screen) as game:
     table = game.wait_for_window()
