@@ -74,20 +74,22 @@ class Monkey(Game):
         for step in range(1, 2 ** min(len(cards), self.most) if len(cards) < 12 else 2):
             card = (step & -step).bit_length() - 1
             if self.by_keys:
-                ring = self.press_by_keys(card, ring)
+                self.lead_ring(card - (ring or 0), from_first=ring is None)
+                ring = card
+                if not self.is_ringed(*cards[card]):
+                    break
+                self.key("Return")
             else:
                 self.press(*cards[card])
             time.sleep(0.005)
 
-    def press_by_keys(self, card, ring):
-        """Leads the ring from where it is, if that is known."""
-        if ring is None:
-            self.key("Home")
-        way = card - (ring or 0)
-        for _ in range(abs(way)):
-            self.key("Right" if way > 0 else "Left")
-        self.key("Return")
-        return card
+    def lead_ring(self, steps, from_first):
+        for key in ["Home"] * from_first + ["Right" if steps > 0 else "Left"] * abs(steps):
+            self.key(key)
+
+    def is_ringed(self, x, y):
+        """Whether the card in the middle of which this lies may be pressed; whatever is there."""
+        return True
 
     def anywhere(self):
         height = self.draw((44, self.screen.size[1]))  # the bars, or all

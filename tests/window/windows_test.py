@@ -46,6 +46,19 @@ class Player(Monkey):
         wait_until(has_played, "no score sheet", 240)
         return self.front()[0]
 
+    def is_ringed(self, x, y):
+        """While the game goes on there is no ring. What is pressed then may meet the score sheet,
+        where the arrows lead to QUIT."""
+        def is_blue():
+            return b"\xff\xd2\x5a" in self.screen.root.get_image(
+                x, y - height // 6, 1, height // 6, X.ZPixmap, 0xFFFFFF).data
+        height = self.screen.size[1]
+        for _ in range(10):
+            if is_blue():
+                return True
+            time.sleep(0.02)
+        return False
+
     def go_on(self):
         """CONTINUE has the keyboard, though the bare sheet is clicked."""
         left, top, width, height = self.place(self.front()[0])
@@ -97,6 +110,7 @@ class Player(Monkey):
             time.sleep(0.2)
             return window.get_image(*dot, 1, 1, X.ZPixmap, 0xFFFFFF).data[:3] == dark_red
         wait_until(is_chosen, "the last kind of match is not chosen")
+
 
 with VirtualScreen() as screen, Player(screen) as game:
     table = game.wait_for_window()
