@@ -8,11 +8,11 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
-#include <tuple>
 
 #include "platform/events.h"
 #include "platform/qt/picture_cache.h"
 #include "platform/qt/text_drawing.h"
+#include "platform/qt/told_surface.h"
 
 namespace {
 
@@ -136,27 +136,26 @@ void SurfaceView::findChangedControls() {
     shown_ = std::move(now);
 }
 
-/// The name of the form, or what stands on its labels from top to bottom: drawn text is nothing to
-/// a reader of the screen.
-QString SurfaceView::spoken() const {
-    std::vector<const Label*> labels;
-    for (const Shown& shown : shown_)
-        if (shown.control->kind == Kind::label)
-            labels.push_back(static_cast<const Label*>(shown.control));
-    std::sort(labels.begin(), labels.end(), [](const Label* a, const Label* b) {
-        return std::tie(a->Top, a->Left) < std::tie(b->Top, b->Left);
-    });
-    QStringList words;
-    for (const Label* label : labels) words += QString::fromStdString(label->Caption).trimmed();
-    return words.isEmpty() ? QString::fromStdString(form_.Caption)
-                           : words.join(QStringLiteral(", "));
+std::vector<Told> SurfaceView::told() const {
+    return form_.teller ? form_.teller(runtime_) : std::vector<Told>{};
+}
+
+QString SurfaceView::name() const {
+    return QString::fromStdString(form_.name);
+}
+
+/// Where nobody has asked for what is seen, nobody is told of what changes.
+void SurfaceView::tell() {
+    if (!QAccessible::isActive()) return;
+    if (QAccessibleInterface* surface = QAccessible::queryAccessibleInterface(this))
+        static_cast<ToldSurface*>(surface)->update();
 }
 
 void SurfaceView::present() {
     if (canvas_.isNull() || !isVisible()) return;
     findChangedControls();
     if (changed_.isEmpty()) return;
-    if (const QString name = spoken(); name != accessibleName()) setAccessibleName(name);
+    tell();
     const QRegion region = changed_;
     changed_ = {};
     repaint(region);
@@ -186,10 +185,17 @@ void SurfaceView::resizeEvent(QResizeEvent*) {
     findChangedControls();
 }
 
+void SurfaceView::pressPixel(int x, int y, int button) {
+    pressAt(runtime_, form_, pressOn(x, form_.grid.x), pressOn(y, form_.grid.y), button);
+}
+
+void SurfaceView::press(const PixelBox& box) {
+    pressPixel((box.left + box.right) / 2, (box.top + box.bottom) / 2, 1);
+}
+
 void SurfaceView::mousePressEvent(QMouseEvent* event) {
     const QPointF place = event->position() * canvas_.devicePixelRatio();
-    pressAt(runtime_, form_, pressOn(qFloor(place.x()), form_.grid.x),
-            pressOn(qFloor(place.y()), form_.grid.y), buttonNumber(event->button()));
+    pressPixel(qFloor(place.x()), qFloor(place.y()), buttonNumber(event->button()));
 }
 
 /// The second press of a double click is a press like any other.

@@ -26,6 +26,11 @@ public:
     void present();
     /// A box of screen pixels in the widget's coordinates, grown to whole ones.
     QRect toWidget(const PixelBox&) const;
+    /// The press of the mouse in the middle of a box of screen pixels.
+    void press(const PixelBox&);
+    /// What is seen here, for a reader of the screen, and what the whole is called.
+    std::vector<Told> told() const;
+    QString name() const;
 
 protected:
     void paintEvent(QPaintEvent*) override;
@@ -54,7 +59,8 @@ private:
     std::vector<Shown> drawnNow() const;
     void findChangedControls();
     void drawControl(QPainter&, const Shown&) const;
-    QString spoken() const;
+    void pressPixel(int x, int y, int button);
+    void tell();
 
     Runtime& runtime_;
     Form& form_;
