@@ -40,6 +40,7 @@ void openMatch(Game& g) {
     g.nomeGiocatore = "Player";
     hideTitle(g);
     modScopa::sipario(g, g.frmscopa, openingBlue);
+    tellOpening(g);
     sceltaPartita(g);
 }
 

@@ -7,6 +7,7 @@
 
 #include "game/driver.h"
 #include "game/human.h"
+#include "game/keys.h"
 #include "game/match.h"
 #include "preferences/music.h"
 #include "preferences/never_called.h"
@@ -27,6 +28,8 @@ void run(Runtime& runtime, const Event& event) {
     auto& g = static_cast<Game&>(runtime);
     if constexpr (std::is_invocable_v<decltype(procedure), Game&>) {
         procedure(g);
+    } else if constexpr (std::is_invocable_v<decltype(procedure), Game&, Key>) {
+        procedure(g, static_cast<Key>(event.index));
     } else if constexpr (std::is_invocable_v<decltype(procedure), Game&, int>) {
         procedure(g, event.verb == Verb::QueryUnload ? closeCommand : event.index);
     } else {
@@ -40,6 +43,8 @@ constexpr Handler table[] = {
     {Source::frmscopa, Verb::Activate, run<frmscopa::Form_Activate>},
     {Source::frmscopa, Verb::Resize, run<frmscopa::Form_Resize>},
     {Source::frmscopa, Verb::MouseDown, run<frmscopa::Form_MouseDown>},
+    {Source::frmscopa, Verb::MouseMove, run<frmscopa::Form_MouseMove>},
+    {Source::frmscopa, Verb::KeyDown, run<frmscopa::Form_KeyDown>},
     {Source::frmscopa, Verb::QueryUnload, run<frmscopa::Form_QueryUnload>},
     {Source::frmscopa, Verb::Unload, run<frmscopa::Form_Unload>},
     {Source::Verde, Verb::Click, run<frmscopa::Verde_Click>},

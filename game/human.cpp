@@ -4,6 +4,7 @@
 #include "game/human.h"
 
 #include "game/capture.h"
+#include "game/keys.h"
 #include "preferences/panels.h"
 #include "speech/announcements.h"
 #include "state/card_holders.h"
@@ -83,6 +84,9 @@ bool selectionStands(const Game& g) {
 
 void waitForSelection(Game& g) {
     g.fase = "selezione";
+    collectSelection(g);
+    // After a sweep there is nothing left to choose.
+    if (!legalSelection(g)) ringFirst(g);
     while (true) {
         collectSelection(g);
         rtcDoEvents(g, legalSelection(g) ? atOnce : never);
@@ -102,7 +106,9 @@ void Form_MouseDown(Game& g, int, int, float X, float Y) {
 
 void gioco1(Game& g) {
     g.fase = "gioco1";
+    ringFirst(g);
     while (g.cartaGiocata == 0) rtcDoEvents(g, never);
+    withdrawRing(g);
     ++g.mosseGiocate;
 }
 
@@ -116,6 +122,7 @@ void verifica(Game& g) {
         g.numeroPresa = g.sommaPresa = 0;
     }
     g.fase.clear();
+    withdrawRing(g);
     ritardo(g, 1);
 }
 

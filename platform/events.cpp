@@ -55,10 +55,14 @@ Runtime::Runtime(Backend& b, std::span<const Handler> table) : backend(b) {
     queue.reserve(64);
 }
 
+bool answers(const Runtime& runtime, Source source, Verb verb) {
+    const std::size_t place = slot(source, verb);
+    return place < runtime.procedures.size() && runtime.procedures[place];
+}
+
 void deliver(Runtime& runtime, const Event& event) {
-    const std::size_t place = slot(event.source, event.verb);
-    if (place >= runtime.procedures.size()) return;
-    if (const auto run = runtime.procedures[place]) run(runtime, event);
+    if (!answers(runtime, event.source, event.verb)) return;
+    runtime.procedures[slot(event.source, event.verb)](runtime, event);
 }
 
 double rtcGetTimer(Runtime& runtime) {

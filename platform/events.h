@@ -18,6 +18,8 @@ struct Runtime;
 enum class Verb : std::uint8_t {
     Click,
     MouseDown,
+    MouseMove,
+    KeyDown,
     Change,
     Timer,
     Done,
@@ -30,10 +32,13 @@ enum class Verb : std::uint8_t {
 };
 inline constexpr std::size_t verbs = static_cast<std::size_t>(Verb::Unload) + 1;
 
+/// The keys that the game knows. Press is Space or Enter.
+enum class Key : std::uint8_t { One, Two, Three, Left, Up, Right, Down, Home, End, Press, Escape };
+
 struct Event {
     Source source{};
     Verb verb{};
-    int index = 0;              ///< of the control in its array
+    int index = 0;              ///< of the control in its array; KeyDown: the Key
     int Button = 0, Shift = 0;  ///< MouseDown only
     float X = 0, Y = 0;         ///< MouseDown only, table units
 };
@@ -102,6 +107,9 @@ double rtcGetTimer(Runtime&);
 
 /// Calls the procedure of an event at once; nothing where the table has none.
 void deliver(Runtime&, const Event&);
+
+/// True where the table has a procedure for it.
+bool answers(const Runtime&, Source, Verb);
 
 /// Delivers the oldest activation that is waiting; false where there is none. Only the resting
 /// main loop takes activations up, so no hand can start inside a hand.

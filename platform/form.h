@@ -39,7 +39,8 @@ struct Form {
     float Width = layoutTwipsAcross, Height = layoutTwipsDown;  ///< twips
     bool loaded = false, Visible = false;
     Surface surface;
-    PixelGrid grid;                  ///< as the window stands; kept by the backend
+    PixelGrid grid;  ///< as the window stands; kept by the backend
+    Box ring;        ///< round what the keys would press, shown in front of all; empty for none
     std::vector<Control*> controls;  ///< all, in no order
     std::vector<MenuEntry*> menu;    ///< in the order of the bar
     Teller teller = nullptr;         ///< asked when a reader of the screen is there

@@ -49,7 +49,7 @@ std::string demand(const Game& g) {
     if (!g.presaUguale) return "cards that add up to " + std::to_string(g.valoreGiocato);
     Ids equal = tableCards(g);
     std::erase_if(equal, [&](int id) { return !equalValue(id, g.cartaGiocata); });
-    return listOfCards(equal, " or ");
+    return theCards(equal, "or");
 }
 
 int markedSum(const Game& g) {
@@ -77,6 +77,19 @@ std::string standing(const Game& g) {
 }
 
 }  // namespace
+
+void tellOpening(Game& g) {
+    if (silent(g)) return;
+    say(g, "Velarda. " + g.Option1(0).Caption + ", " + g.Option1(1).Caption + " or " +
+               g.Option1(2).Caption + ": the arrow keys choose, Enter begins.");
+    for (const OptionButton& option : g.Option1)
+        if (option.Value) say(g, option.Caption + " is chosen.");
+}
+
+void tellChoice(Game& g, const OptionButton& chosen) {
+    if (silent(g)) return;
+    say(g, chosen.Caption + '.');
+}
 
 void tellHand(Game& g) {
     if (silent(g)) return;
@@ -133,12 +146,12 @@ void tellComputersMove(Game& g) {
     if (silent(g)) return;
     const std::string card = cardName(g.cartaGiocata);
     if (g.numeroPresa == 0) return say(g, "The computer lays the " + card + '.');
-    say(g, "The computer plays the " + card + " and takes " + listOfCards(takenCards(g)) + '.');
+    say(g, "The computer plays the " + card + " and takes " + theCards(takenCards(g)) + '.');
 }
 
 void tellCapture(Game& g) {
     if (silent(g)) return;
-    say(g, "You take " + listOfCards(takenCards(g)) + '.');
+    say(g, "You take " + theCards(takenCards(g)) + '.');
 }
 
 void tellScopa(Game& g) {
@@ -149,7 +162,7 @@ void tellScopa(Game& g) {
 void tellLeftovers(Game& g) {
     if (silent(g) || g.numeroPresa == 0) return;
     say(g, std::string("The cards left on the table are ") + whose(g.giocatore) + ": " +
-               listOfCards(takenCards(g)) + '.');
+               theCards(takenCards(g)) + '.');
 }
 
 void tellScore(Game& g) {

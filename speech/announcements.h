@@ -4,9 +4,13 @@
 #pragma once
 
 struct Game;
+struct OptionButton;
 
 // What is said aloud while a hand is played, sentence by sentence, at the moment at which it comes
 // to be seen. Where nobody listens nothing is made. None of these runs events or changes the game.
+
+void tellOpening(Game&);  ///< the opening screen: what can be chosen, and what is
+void tellChoice(Game&, const OptionButton&);  ///< another kind of match has been chosen by a key
 
 void tellHand(Game&);   ///< a hand begins: who leads, and the cards on the table
 void tellDeal(Game&);   ///< the three cards that the human has been given

@@ -13,6 +13,16 @@ constexpr std::array<const char*, 10> values{"ace", "two",   "three", "four", "f
                                              "six", "seven", "eight", "nine", "ten"};
 constexpr std::array<const char*, 4> suits{"coins", "cups", "clubs", "swords"};
 
+std::string joined(std::vector<int> ids, const char* article, const std::string& join) {
+    std::erase(ids, 0);
+    std::string list;
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        if (i != 0) list += i + 1 == ids.size() ? ' ' + join + ' ' : ", ";
+        list += article + cardName(ids[i]);
+    }
+    return list;
+}
+
 }  // namespace
 
 std::string valueName(int value) {
@@ -28,14 +38,10 @@ std::string fullCardName(int id) {
     return id == settebello ? cardName(id) + ", settebello" : cardName(id);
 }
 
-std::string listOfCards(const std::vector<int>& ids, const char* lastJoin) {
-    std::vector<int> cards;
-    for (const int id : ids)
-        if (id != 0) cards.push_back(id);
-    std::string list;
-    for (std::size_t i = 0; i < cards.size(); ++i) {
-        if (i != 0) list += i + 1 == cards.size() ? lastJoin : ", ";
-        list += "the " + cardName(cards[i]);
-    }
-    return list;
+std::string listOfCards(const std::vector<int>& ids) {
+    return joined(ids, "", "and");
+}
+
+std::string theCards(const std::vector<int>& ids, const char* join) {
+    return joined(ids, "the ", join);
 }

@@ -18,6 +18,8 @@ std::string fullCardName(int id);
 /// "seven" for 7, "ace" for 1. Expects a value from 1 to 10.
 std::string valueName(int value);
 
-/// "the two of cups, the ace of swords and the six of clubs", whose last word may be another one.
-/// Entries 0 are left out.
-std::string listOfCards(const std::vector<int>& ids, const char* lastJoin = " and ");
+/// "two of cups, ace of swords and six of clubs". Entries 0 are left out.
+std::string listOfCards(const std::vector<int>& ids);
+
+/// The same with an article before each card, and with "and" or "or" before the last one.
+std::string theCards(const std::vector<int>& ids, const char* join = "and");

@@ -68,6 +68,12 @@ struct Match {
     bool sceltaFatta = false;  ///< the opening screen may end
 };
 
+/// What the keys work on.
+struct Keys {
+    bool ringInUse = false;  ///< from the first arrow key to the next movement of the mouse
+    int ringed = 0;          ///< which of the cards that can be pressed, from 0
+};
+
 /// What the settings file keeps.
 struct Settings {
     int brano = 0;         ///< index in canzoni, 0 to lastMelody; 0 is no music
@@ -87,7 +93,7 @@ struct Geometry {
 /// The moments of a hand that can be watched from outside; the game does not depend on it.
 enum class Moment { dealt, turn, decided, carriedOut, leftovers, scored };
 
-struct Game : Runtime, CurrentMove, Hand, Match, Settings, Geometry, TableForm, ScoreForm {
+struct Game : Runtime, CurrentMove, Hand, Match, Keys, Settings, Geometry, TableForm, ScoreForm {
     /// The two forms have their design values; nothing is loaded or shown. The table says which
     /// procedure answers which event: eventTable() for the whole game, an empty one for a game in
     /// which nothing happens by itself.

@@ -58,12 +58,27 @@ void Robot::pressAt(float x, float y, int button) {
     ::pressAt(g_, g_.frmscopa, x, y, button);
 }
 
+/// Leads the ring to one of what can be pressed, and presses it.
+void Robot::keyInto(int entry) {
+    key(Key::Home);
+    for (int i = 0; i < entry; ++i) key(Key::Right);
+    key(Key::Press);
+}
+
 void Robot::pressHand(int slot) {
+    if (key) return key(static_cast<Key>(slot - 1));
     const Spot card = handSpot(g_, slot - 1);
     pressAt(card.left + g_.larghezzaCarta / 2, card.top + g_.altezzaCarta / 2);
 }
 
 void Robot::pressTable(int row, int column) {
+    if (key) {
+        int before = 0;
+        for (const Place place : tableOrder) {
+            if (place.row == row && place.column == column) return keyInto(before);
+            before += g_.tavolo(place.row, place.column) != 0;
+        }
+    }
     const Spot card = placeSpot(g_, {row, column});
     pressAt(card.left + g_.larghezzaCarta / 2, card.top + g_.altezzaCarta / 2);
 }
@@ -105,12 +120,20 @@ void Robot::select() {
 
 bool Robot::act(double until) {
     if (until != never && !g_.GO.Visible) return false;
+    if (g_.GO.Visible && key) {
+        key(Key::Home);
+        for (int i = 0; i < tipoPartita; ++i) key(Key::Down);
+        key(Key::Press);
+        return true;
+    }
     if (g_.GO.Visible) {
         clickOn(g_, g_.frmscopa, g_.Option1(tipoPartita));
         clickOn(g_, g_.frmscopa, g_.GO);
         return true;
     }
-    if (g_.front == &g_.frmscore) {
+    if (g_.front == &g_.frmscore && key) {
+        key(Key::Press);
+    } else if (g_.front == &g_.frmscore) {
         clickOn(g_, g_.frmscore, g_.Command1);
     } else if (g_.fase == "selezione") {
         select();

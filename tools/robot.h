@@ -4,6 +4,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+
+#include "platform/events.h"
 
 struct Game;
 
@@ -13,6 +16,9 @@ struct Game;
 class Robot {
 public:
     Robot(Game& g, std::uint64_t seed) : g_(g), state_(seed) {}
+
+    /// If set, it plays by these keys instead, and makes the same choices.
+    std::function<void(Key)> key;
 
     /// Does what the game waits for, if it waits for the player: chooses the match, plays, goes on
     /// after the score sheet. True when it has queued something. Fits VirtualTime::user.
@@ -30,6 +36,7 @@ public:
     bool holds(int slot) const;  ///< a card is to be seen in the slot
 
 private:
+    void keyInto(int entry);
     int chooseSelection();
     void playHandCard();
     void select();

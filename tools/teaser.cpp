@@ -19,12 +19,22 @@ bool Teaser::tease(double until) {
     // other events and would take a card, the surface is left alone.
     const bool takesCards = g_.fase == "selezione" || (g_.fase == "gioco1" && g_.cartaGiocata == 0);
     if (g_.GO.Visible || takesCards || hand_.draw(oftenEnough) != 0) return false;
-    if (hand_.draw(2) == 0) {
-        useMenu();
-    } else {
-        hand_.pressAt(static_cast<float>(hand_.draw(800)), static_cast<float>(hand_.draw(600)));
+    switch (hand_.draw(3)) {
+        case 0:
+            useMenu();
+            break;
+        case 1:
+            pressKey(Key::One, Key::Escape);
+            break;
+        default:
+            hand_.pressAt(static_cast<float>(hand_.draw(800)), static_cast<float>(hand_.draw(600)));
     }
     return true;
+}
+
+void Teaser::pressKey(Key first, Key last) {
+    const int from = static_cast<int>(first), to = static_cast<int>(last);
+    g_.queue.push_back({Source::frmscopa, Verb::KeyDown, from + hand_.draw(to - from + 1)});
 }
 
 bool Teaser::teaseWaitingPlayer() {
@@ -37,12 +47,16 @@ bool Teaser::teaseWaitingPlayer() {
         return false;
     }
     --left_;
-    switch (hand_.draw(4)) {
+    switch (hand_.draw(5)) {
         case 0:
             useMenu();
             return true;
         case 1:
             return markWrongly();
+        case 2:
+            // Neither plays a card nor chooses another match.
+            g_.GO.Visible ? useMenu() : pressKey(Key::Left, Key::End);
+            return true;
         default:
             clickSomewhereRefused();
             return true;

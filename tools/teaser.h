@@ -8,9 +8,9 @@
 #include "state/cards.h"
 #include "tools/robot.h"
 
-/// Does to the game what must change nothing: clicks that are refused, wrong selections taken
-/// back, panels, menus. Its chance is its own, so the game that it disturbs goes on as if nothing
-/// had been.
+/// Does to the game what must change nothing: clicks and keys that are refused, wrong selections
+/// taken back, panels, menus. Its chance is its own, so the game that it disturbs goes on as if
+/// nothing had been.
 class Teaser {
 public:
     Teaser(Game& g, std::uint64_t seed) : g_(g), hand_(g, seed) {}
@@ -21,6 +21,7 @@ public:
 private:
     bool teaseWaitingPlayer();
     void useMenu();
+    void pressKey(Key first, Key last);
     void clickSomewhereRefused();
     bool markWrongly();
     void takeBack();

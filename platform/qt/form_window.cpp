@@ -89,7 +89,7 @@ void FormWindow::layOut() {
 
 void FormWindow::present() {
     for (const auto& native : natives_) native->present();
-    focusFirstButton();
+    placeFocus();
     for (const auto& [entry, action] : checkable_) action->setChecked(entry->Checked);
     view_->present();
     // Drawing the icon takes a while, and the first picture of the window should not wait for it.
@@ -113,11 +113,14 @@ bool FormWindow::isAway() const {
     return isVisible() && isMinimized();
 }
 
-/// A button that comes up can be pressed from the keyboard at once.
-void FormWindow::focusFirstButton() {
-    if (focusWidget() && focusWidget()->isVisible()) return;
+/// A button that comes up can be pressed from the keyboard at once; where there is none, the keys
+/// are the surface's.
+void FormWindow::placeFocus() {
+    const QWidget* focused = focusWidget();
+    if (focused && focused != view_ && focused->isVisible()) return;
     for (const auto& native : natives_)
         if (native->takeFocus()) return;
+    if (focused != view_) view_->setFocus();
 }
 
 /// The game decides what closing means; it hears of it in its next round of events.

@@ -46,7 +46,7 @@ private:
 
     void buildMenu();
     void layOut();
-    void focusFirstButton();
+    void placeFocus();
 
     Runtime& runtime_;
     Form& form_;

@@ -40,6 +40,7 @@ void NativeControl::make() {
         push->setAutoDefault(true);
         button = push;
     }
+    button->installEventFilter(&view_);
     QObject::connect(button, &QAbstractButton::clicked, button,
                      [this] { clickOn(runtime_, form_, control_); });
     widget_ = button;

@@ -3,6 +3,7 @@
 
 #include "platform/qt/surface_view.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -10,6 +11,7 @@
 #include <cmath>
 
 #include "platform/events.h"
+#include "platform/qt/game_keys.h"
 #include "platform/qt/picture_cache.h"
 #include "platform/qt/text_drawing.h"
 #include "platform/qt/told_surface.h"
@@ -44,7 +46,7 @@ int buttonNumber(Qt::MouseButton button) {
 SurfaceView::SurfaceView(Runtime& runtime, Form& form, PictureCache& pictures, QWidget* parent)
     : QWidget(parent), runtime_(runtime), form_(form), pictures_(pictures) {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setFocusPolicy(Qt::ClickFocus);
+    setMouseTracking(true);
 }
 
 QRect SurfaceView::toWidget(const PixelBox& box) const {
@@ -134,6 +136,11 @@ void SurfaceView::findChangedControls() {
         for (std::size_t i = 0; i < now.size(); ++i)
             if (now[i].control != shown_[i].control) changed_ += toWidget(now[i].box);
     shown_ = std::move(now);
+    const Ring ring = ringOf(form_);
+    if (ring == ring_) return;
+    changed_ += toWidget(ring_.edge);
+    changed_ += toWidget(ring.edge);
+    ring_ = ring;
 }
 
 std::vector<Told> SurfaceView::told() const {
@@ -144,18 +151,16 @@ QString SurfaceView::name() const {
     return QString::fromStdString(form_.name);
 }
 
-/// Where nobody has asked for what is seen, nobody is told of what changes.
-void SurfaceView::tell() {
-    if (!QAccessible::isActive()) return;
-    if (QAccessibleInterface* surface = QAccessible::queryAccessibleInterface(this))
-        static_cast<ToldSurface*>(surface)->update();
+PixelBox SurfaceView::ringed() const {
+    return toPixels(form_.ring, form_.grid);
 }
 
 void SurfaceView::present() {
     if (canvas_.isNull() || !isVisible()) return;
     findChangedControls();
     if (changed_.isEmpty()) return;
-    tell();
+    // Where nobody has asked for what is seen, nobody is told of what changes.
+    if (toldAs_) toldAs_->update();
     const QRegion region = changed_;
     changed_ = {};
     repaint(region);
@@ -178,6 +183,7 @@ void SurfaceView::paintEvent(QPaintEvent* event) {
     painter.scale(1 / canvas_.devicePixelRatio(), 1 / canvas_.devicePixelRatio());
     for (const Shown& shown : shown_)
         if (event->region().intersects(toWidget(shown.box))) drawControl(painter, shown);
+    drawRing(painter, ring_);
 }
 
 void SurfaceView::resizeEvent(QResizeEvent*) {
@@ -201,6 +207,33 @@ void SurfaceView::mousePressEvent(QMouseEvent* event) {
 /// The second press of a double click is a press like any other.
 void SurfaceView::mouseDoubleClickEvent(QMouseEvent* event) {
     mousePressEvent(event);
+}
+
+/// A movement that the window system made up, as when a window comes under the mouse, is none.
+void SurfaceView::mouseMoveEvent(QMouseEvent* event) {
+    if (ring_ == Ring{} || event->globalPosition().toPoint() == mouseAtKey_) return;
+    runtime_.queue.push_back({form_.source, Verb::MouseMove});
+}
+
+bool SurfaceView::queueKey(const QKeyEvent& event) {
+    if (!answers(runtime_, form_.source, Verb::KeyDown)) return false;
+    const auto key = gameKey(event);
+    if (!key) return false;
+    mouseAtKey_ = QCursor::pos();
+    runtime_.queue.push_back({form_.source, Verb::KeyDown, static_cast<int>(*key)});
+    return true;
+}
+
+void SurfaceView::keyPressEvent(QKeyEvent* event) {
+    event->setAccepted(queueKey(*event));
+}
+
+/// Space stays what it is to a button. A key held down is no second press there either.
+bool SurfaceView::eventFilter(QObject*, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return false;
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (isPress(key) && key.isAutoRepeat()) return true;
+    return key.key() != Qt::Key_Space && queueKey(key);
 }
 
 bool SurfaceView::event(QEvent* event) {

@@ -9,8 +9,10 @@
 #include <vector>
 
 #include "platform/form.h"
+#include "platform/qt/ring.h"
 
 class PictureCache;
+class ToldSurface;
 struct Runtime;
 
 /// The painted surface of a form and the controls that are drawn in front of it. It keeps the
@@ -31,12 +33,18 @@ public:
     /// What is seen here, for a reader of the screen, and what the whole is called.
     std::vector<Told> told() const;
     QString name() const;
+    void tellChangesTo(ToldSurface& surface) { toldAs_ = &surface; }
+    PixelBox ringed() const;  ///< the place in the ring; empty where there is none
 
 protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
     void mouseDoubleClickEvent(QMouseEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+    /// Keys that belong to the game though a button on the surface has the focus.
+    bool eventFilter(QObject* button, QEvent*) override;
     // It looks the same with the focus and without; a plain widget would paint itself anew.
     void focusInEvent(QFocusEvent*) override {}
     void focusOutEvent(QFocusEvent*) override {}
@@ -60,7 +68,7 @@ private:
     void findChangedControls();
     void drawControl(QPainter&, const Shown&) const;
     void pressPixel(int x, int y, int button);
-    void tell();
+    bool queueKey(const QKeyEvent&);
 
     Runtime& runtime_;
     Form& form_;
@@ -68,4 +76,7 @@ private:
     QImage canvas_;
     QRegion changed_;
     std::vector<Shown> shown_;
+    Ring ring_;                      ///< as last shown
+    ToldSurface* toldAs_ = nullptr;  ///< from the moment at which somebody asks
+    QPoint mouseAtKey_;              ///< where the mouse was when a key was last pressed
 };

@@ -89,9 +89,7 @@ void TextPanel::mousePressEvent(QMouseEvent*) {
 /// The keys scroll; a caret would only blink, and wake the program each time.
 void TextPanel::keyPressEvent(QKeyEvent* event) {
     const auto action = scrolling(event->key());
-    if (event->key() == Qt::Key_Escape) {
-        click();
-    } else if (action == QScrollBar::SliderNoAction) {
+    if (action == QScrollBar::SliderNoAction) {
         event->ignore();
     } else {
         verticalScrollBar()->triggerAction(action);

@@ -13,6 +13,10 @@ bool ToldPart::isOf(const Told& other) const {
     return told_.source == other.source && told_.index == other.index;
 }
 
+bool ToldPart::isRinged() const {
+    return view_.hasFocus() && told_.place == view_.ringed();
+}
+
 void ToldPart::notify(QAccessible::Event happened) {
     QAccessibleEvent event(this, happened);
     QAccessible::updateAccessibility(&event);
@@ -63,6 +67,8 @@ QAccessible::State ToldPart::state() const {
     QAccessible::State state;
     state.invisible = !view_.isVisible();
     if (told_.role != Told::Role::card) return state;
+    state.focusable = true;
+    state.focused = isRinged();
     state.checkable = true;
     state.checked = told_.marked;
     return state;

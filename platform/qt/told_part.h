@@ -16,6 +16,8 @@ public:
 
     const Told& told() const { return told_; }
     bool isOf(const Told& other) const;
+    /// The keys would press it.
+    bool isRinged() const;
     /// Takes a new name, place and mark, and says what has changed.
     void change(const Told&);
     /// Says that something has happened to it.

@@ -28,6 +28,7 @@ int countOf(const std::vector<ToldPart*>& parts) {
 ToldSurface::ToldSurface(SurfaceView& view)
     : QAccessibleWidget(&view, QAccessible::Grouping, view.name()), view_(view) {
     for (const Told& told : view_.told()) parts_.push_back(take(told));
+    view_.tellChangesTo(*this);
 }
 
 ToldSurface::~ToldSurface() {
@@ -45,6 +46,7 @@ void ToldSurface::removeMissing(const std::vector<Told>& now) {
         if (std::ranges::any_of(now, [&](const Told& told) { return part->isOf(told); }))
             return false;
         part->notify(QAccessible::ObjectDestroyed);
+        if (part == focused_) focused_ = nullptr;
         forget(part);
         return true;
     });
@@ -64,6 +66,26 @@ void ToldSurface::update() {
     }
     for (ToldPart* part : fresh) part->notify(QAccessible::ObjectCreated);
     for (std::size_t i = 0; i < now.size(); ++i) parts_[i]->change(now[i]);
+    moveFocus();
+}
+
+/// Where the ring stands there is the focus of the keys.
+ToldPart* ToldSurface::ringed() const {
+    const auto found =
+        std::ranges::find_if(parts_, [](const ToldPart* part) { return part->isRinged(); });
+    return found == parts_.end() ? nullptr : *found;
+}
+
+void ToldSurface::moveFocus() {
+    ToldPart* const now = ringed();
+    if (now == focused_) return;
+    focused_ = now;
+    if (now) now->notify(QAccessible::Focus);
+}
+
+QAccessibleInterface* ToldSurface::focusChild() const {
+    ToldPart* const part = ringed();
+    return part ? part : QAccessibleWidget::focusChild();
 }
 
 int ToldSurface::childCount() const {

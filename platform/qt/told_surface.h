@@ -25,13 +25,17 @@ public:
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface*) const override;
     QAccessibleInterface* childAt(int x, int y) const override;
+    QAccessibleInterface* focusChild() const override;
 
 private:
     void removeMissing(const std::vector<Told>& now);
     ToldPart* take(const Told&);
+    ToldPart* ringed() const;
+    void moveFocus();
 
     SurfaceView& view_;
     std::vector<ToldPart*> parts_;  ///< as last told, in their order; Qt's to delete
+    ToldPart* focused_ = nullptr;   ///< as last told
 };
 
 /// Has surfaces told in this way. Once, before there are any.

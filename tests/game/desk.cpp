@@ -51,7 +51,8 @@ void Desk::layTable(const Cards& ids) {
 void Desk::giveHuman(const Cards& ids) {
     for (int slot = 0; const int id : ids) {
         g.mazzo(g.cimaMazzo + slot - 2) = id;
-        showCard(g, id, handSpot(g, slot++));
+        if (id != 0) showCard(g, id, handSpot(g, slot));
+        ++slot;
     }
 }
 
