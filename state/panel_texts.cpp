@@ -19,7 +19,7 @@ The dealer puts 4 cards on the table, face up, and deals 3 cards to each player,
 
 If a card on the table is equal to the card you play, you must take it. If there is none, cards whose sum equals the card you play can be taken.
 
-Click the cards on the table to choose them; click a card again to let it go.
+Click the cards on the table to choose them; click a card again to let it go. By keyboard, 1, 2 and 3 play a card of your hand; the arrows lead a ring over the cards that can be chosen, and Space or Enter presses the one inside it.
 
 Taking all the cards on the table is a "scopa". The card that makes it is shown face up to the right of the pack you have won. Each "scopa" is worth one point.
 
@@ -62,7 +62,7 @@ Il mazziere mette 4 carte scoperte sul tavolo e distribuisce 3 carte coperte per
 
 Se sul tavolo c'è una carta uguale a quella giocata, bisogna prendere quella. Altrimenti si possono prendere le carte la cui somma è uguale alla carta giocata.
 
-Le carte del tavolo si scelgono con un clic; con un altro clic si lasciano.
+Le carte del tavolo si scelgono con un clic; con un altro clic si lasciano. Con la tastiera, 1, 2 e 3 giocano una carta della mano; le frecce portano un anello sulle carte che si possono scegliere, e Spazio o Invio preme quella dentro l'anello.
 
 Chi prende tutte le carte del tavolo fa "scopa". La carta che l'ha fatta resta scoperta a destra del mazzetto delle prese. Ogni "scopa" vale un punto.
 

@@ -58,13 +58,21 @@ void NativeControl::place() {
     fitText();
 }
 
+/// An option that the keys have chosen takes the focus, if a neighbour has it.
+void NativeControl::choose(QAbstractButton& option, bool chosen) {
+    if (chosen == option.isChecked()) return;
+    option.setChecked(chosen);
+    const auto* focused = qobject_cast<QAbstractButton*>(option.window()->focusWidget());
+    if (chosen && focused && focused->isVisible()) option.setFocus();
+}
+
 void NativeControl::fillIn() {
     if (control_.kind == Kind::text) return;
     const bool option = control_.kind == Kind::option;
     const std::string& caption = option ? static_cast<const OptionButton&>(control_).Caption
                                         : static_cast<const Button&>(control_).Caption;
     auto* button = static_cast<QAbstractButton*>(widget_);
-    if (option) button->setChecked(static_cast<const OptionButton&>(control_).Value);
+    if (option) choose(*button, static_cast<const OptionButton&>(control_).Value);
     if (const QString text = QString::fromStdString(caption); text != button->text()) {
         button->setText(text);
         fitText();

@@ -3,6 +3,7 @@
 
 #pragma once
 
+class QAbstractButton;
 class QWidget;
 class SurfaceView;
 struct Control;
@@ -26,6 +27,7 @@ private:
     void make();
     void place();
     void fillIn();
+    static void choose(QAbstractButton& option, bool chosen);
     void fitText();
 
     Runtime& runtime_;

@@ -12,11 +12,11 @@ namespace {
 
 constexpr double reach = 4.5;  ///< units beyond the card; the next one is six away
 constexpr int thinnest = 3;    ///< pixels
+constexpr QColor brightBlue(90, 210, 255);
 
 /// Fills what lies between the edge of a box, `outside` pixels smaller on each side, and the box
 /// that is `thickness` pixels smaller still.
-void frame(QPainter& painter, const QRect& box, int outside, int thickness,
-           Qt::GlobalColor colour) {
+void frame(QPainter& painter, const QRect& box, int outside, int thickness, const QColor& colour) {
     const QRect outer = box.adjusted(outside, outside, -outside, -outside);
     const QRect inner = outer.adjusted(thickness, thickness, -thickness, -thickness);
     for (const QRect& part : QRegion(outer).subtracted(inner)) painter.fillRect(part, colour);
@@ -39,5 +39,5 @@ void drawRing(QPainter& painter, const Ring& ring) {
     const QRect edge(left, top, right - left, bottom - top);
     const int line = ring.thickness / 3;
     frame(painter, edge, 0, ring.thickness, Qt::black);
-    frame(painter, edge, line, ring.thickness - 2 * line, Qt::white);
+    frame(painter, edge, line, ring.thickness - 2 * line, brightBlue);
 }

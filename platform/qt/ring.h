@@ -8,8 +8,9 @@
 class QPainter;
 struct Form;
 
-/// What shows the card that the keys would press: white between two black lines, which can be told
-/// from every face and from the table. It lies round the card, in the gap between the cards.
+/// What shows the card that the keys would press: bright blue between two black lines, which can be
+/// told from every face, from the table and from the red frame of a marked card. It lies round the
+/// card, in the gap between the cards.
 struct Ring {
     PixelBox edge;      ///< the outer one, in screen pixels; empty where there is no ring
     int thickness = 0;  ///< pixels, all three lines

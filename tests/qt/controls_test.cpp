@@ -126,6 +126,43 @@ TEST(TextPanels, OpenAtTheirTop) {
     EXPECT_EQ(scroll->value(), 0);
 }
 
+TEST(Ring, LiesInFrontRoundItsCardAtEverySizeAndGoesWithTheMouse) {
+    Opening opening;
+    Form& form = opening.g.frmscopa;
+    SurfaceView& view = opening.window(form).view();
+    for (const QSize size : {QSize(800, 600), QSize(1300, 500), QSize(360, 900)}) {
+        form.ring = {};
+        opening.window(form).resize(size);
+        opening.present();
+        const QImage without = seen(&view);
+        form.ring = {300, 480, 362, 588};
+        opening.present();
+        const QImage with = seen(&view);
+        const PixelBox card = toPixels(form.ring, form.grid);
+        const int middle = (card.top + card.bottom) / 2;
+        EXPECT_EQ(with.pixel(card.left, middle), without.pixel(card.left, middle)) << "the card";
+        EXPECT_NE(with.pixel(card.left - 1, middle), without.pixel(card.left - 1, middle));
+        EXPECT_NE(with.pixel(card.right, middle), without.pixel(card.right, middle));
+        const int nextCard = toPixels({368, 480, 430, 588}, form.grid).left;
+        EXPECT_EQ(with.pixel(nextCard, middle), without.pixel(nextCard, middle)) << "the next one";
+    }
+    QMouseEvent move(QEvent::MouseMove, {5, 5}, QPointF(77, 99), Qt::NoButton, {}, {});
+    QCoreApplication::sendEvent(&view, &move);
+    ASSERT_FALSE(opening.g.queue.empty());
+    EXPECT_EQ(opening.g.queue.back().verb, Verb::MouseMove);
+}
+
+TEST(Keys, HeldDownPressNoButtonAgain) {
+    Opening opening;
+    QWidget* go = opening.widgets<QPushButton>().at(0);
+    for (const bool again : {true, false}) {
+        opening.g.queue.clear();
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, again);
+        QCoreApplication::sendEvent(go, &event);
+        EXPECT_EQ(opening.g.queue.empty(), again);
+    }
+}
+
 TEST(Letters, StayInsideOfTheirBoxes) {
     for (const int size : {9, 14, 24})
         for (const QSize window : {QSize(320, 240), QSize(320, 900), QSize(800, 600)}) {

@@ -14,7 +14,7 @@ import time
 from Xlib import X, Xutil, error
 from virtual_screen import PATIENCE, Game, VirtualScreen
 
-KEYS = [*"abcdefghijklmnoprstuvwxyz", *["F%d" % i for i in range(1, 13)], "Alt+Tab", "Alt+space",
+KEYS = [*"abcdefghijklmnoprstuvwxyz", *"123" * 3, *["F%d" % i for i in range(1, 13)], "Alt+Tab", "Alt+space",
         "Shift+Tab", "Home", "End", "Prior", "Next", "Delete",
         *["Left", "Right", "Up", "Down", "Return", "Escape", "Tab", "space"] * 3,
         "Control+c", "Control+q"] * 30 + ["Alt+F4", "Alt+q"]  # these two end it
@@ -24,6 +24,7 @@ SCREENS = [(1280, 1024)] * 6 + [(640, 480), (1920, 1080), (3840, 2160), (7680, 4
 
 class Monkey(Game):
     most = 6  # cards of which sets are tried; it may give up a hand that needs others
+    by_keys = False
 
     def __init__(self, screen, program, seed, pace=1):
         # The program's clock runs faster, so that a short run sees more of the game.
@@ -31,6 +32,7 @@ class Monkey(Game):
                 "FAKETIME": "+0 x%g" % pace, "FAKETIME_DISABLE_SHM": "1"} if pace != 1 else {}
         self.draw, self.done, self.sheets, self.slowest = random.Random(seed).choice, ["-"], 0, 0
         self.cards = self.draw((40, 70, 100, 100, 106, 250.5))
+        self.by_keys = self.by_keys or self.draw((True, False))
         super().__init__(screen, program, b" %d \r\n 3 \r\n %.7g \r\n" % (
             self.draw((0, 0, 0, 12)), self.cards), fake)
 
@@ -38,6 +40,8 @@ class Monkey(Game):
         window = self.windows()[0]
         if window.get_wm_name().endswith("Scopa"):
             self.sheets += 1
+            if self.by_keys:
+                return self.key("Return")
             left, top, width, height = self.place(window)
             across = self.draw([0.25] * 19 + [0.75])
             return self.press(left + across * width, top + 535 / 600 * height)
@@ -54,17 +58,36 @@ class Monkey(Game):
         scale = min(1.06, self.cards / 100)
         across, down, look = 62.2 * scale + 6, 108.35 * scale + 6, self.screen.root.get_image
         # GO, if it is there, and the cards of the hand.
-        for x, y in (0, 305), *[(slot * across, 598 - down / 2) for slot in (-1, 0, 1)]:
-            self.press(*at(400 + x, y))
+        if self.by_keys:
+            for key in "Return", "1", "2", "3":
+                self.key(key)
+        else:
+            for x, y in (0, 305), *[(slot * across, 598 - down / 2) for slot in (-1, 0, 1)]:
+                self.press(*at(400 + x, y))
         time.sleep(0.03)
         places = [at(400 + x * across, 300 + y * down)
-                  for x in (-1.5, -0.5, 0.5, 1.5) for y in (-1, 0, 1)]
+                  for y in (-1, 0, 1) for x in (-1.5, -0.5, 0.5, 1.5)]
         cards = [place for place in places
                  if look(*place, 1, 1, X.ZPixmap, 0xFFFFFF).data[:3] != b"\0\x70\0"]
-        # Every set of the first cards, each by one click from the one before.
+        # Every set of the first cards, each by one press from the one before.
+        ring = None
         for step in range(1, 2 ** min(len(cards), self.most) if len(cards) < 12 else 2):
-            self.press(*cards[(step & -step).bit_length() - 1])
+            card = (step & -step).bit_length() - 1
+            if self.by_keys:
+                ring = self.press_by_keys(card, ring)
+            else:
+                self.press(*cards[card])
             time.sleep(0.005)
+
+    def press_by_keys(self, card, ring):
+        """Leads the ring from where it is, if that is known."""
+        if ring is None:
+            self.key("Home")
+        way = card - (ring or 0)
+        for _ in range(abs(way)):
+            self.key("Right" if way > 0 else "Left")
+        self.key("Return")
+        return card
 
     def anywhere(self):
         height = self.draw((44, self.screen.size[1]))  # the bars, or all

@@ -1,8 +1,9 @@
 #!/usr/bin/python3 -B
 # Velarda, a card game of the Scopa family.
 # SPDX-License-Identifier: MIT
-"""PROGRAM: the two windows come up maximised and stay as the player leaves them, over the score
-sheets of a match; settings saved by an editor that puts a byte-order mark in front are read."""
+"""PROGRAM: a match played by keys alone. The two windows come up maximised and stay as the player
+leaves them, over the score sheets; settings saved by an editor that puts a byte-order mark in front
+are read."""
 
 import contextlib
 import sys
@@ -19,6 +20,7 @@ TABLE, SHEET = (40, 60, 640, 500), (700, 100, 500, 400)  # where the player puts
 
 class Player(Monkey):
     most = 11
+    by_keys = True
 
     def __init__(self, screen):
         super().__init__(screen, sys.argv[1], 1, PACE)
@@ -45,15 +47,11 @@ class Player(Monkey):
         return self.front()[0]
 
     def go_on(self):
-        """CONTINUE, by the mouse: a press meant for the table may have taken the focus from it."""
-        def table_is_back():
-            window, kind = self.front()
-            if kind == "sheet":
-                left, top, width, height = self.place(window)
-                self.press(left + width * 200 // 800, top + height * 535 // 600)
-            time.sleep(0.1)
-            return self.front()[1] == "table"
-        wait_until(table_is_back, "CONTINUE does not bring the table back")
+        """CONTINUE has the keyboard, though the bare sheet is clicked."""
+        left, top, width, height = self.place(self.front()[0])
+        self.press(left + width // 2, top + height * 9 // 10)
+        self.key("Return")
+        wait_until(lambda: self.front()[1] == "table", "CONTINUE does not bring the table back")
         return self.front()[0]
 
     def is_maximised(self, window):
@@ -88,7 +86,7 @@ class Player(Monkey):
         wait_until(self.windows, "it does not come back")
 
     def choose_21_points(self):
-        """With the last option, at its right end; a match of several hands."""
+        """A match of several hands. Nothing is chosen before the options are there."""
         window = self.front()[0]
         left, top, width, height = self.place(window)
         bar = 22
@@ -96,7 +94,7 @@ class Player(Monkey):
         yellow = b"\xc0\xff\xff"
         wait_until(lambda: window.get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFF).data[:3] == yellow,
                    "no option")
-        self.press(left + x, top + y)
+        self.key("End")
 
 
 with VirtualScreen() as screen, Player(screen) as game:
