@@ -86,6 +86,8 @@ int ringedAfter(Key key, const std::vector<Pressable>& cards, int ringed) {
 void moveRing(Game& g, Key key) {
     const auto cards = pressable(g);
     if (cards.empty()) return;
+    // There is no row above the hand and none below it: who listens hears the table once more.
+    if (g.fase == "gioco1" && (key == Key::Up || key == Key::Down)) tellTable(g);
     const bool arrow = key != Key::Home && key != Key::End;
     const bool shows = g.ringInUse || !arrow;
     putRing(g, cards, shows ? ringedAfter(key, cards, g.ringed) : g.ringed);
@@ -113,9 +115,7 @@ void chooseMatch(Game& g, Key key) {
     if (key == Key::Right || key == Key::Down) ++chosen;
     if (key == Key::Home) chosen = 0;
     if (key == Key::End) chosen = 2;
-    chosen = std::clamp(chosen, 0, 2);
-    clickOn(g, g.frmscopa, g.Option1(chosen));
-    tellChoice(g, g.Option1(chosen));
+    clickOn(g, g.frmscopa, g.Option1(std::clamp(chosen, 0, 2)));
 }
 
 /// The panel in front, by what closes it: the information does not answer a click.

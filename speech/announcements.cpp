@@ -86,11 +86,6 @@ void tellOpening(Game& g) {
         if (option.Value) say(g, option.Caption + " is chosen.");
 }
 
-void tellChoice(Game& g, const OptionButton& chosen) {
-    if (silent(g)) return;
-    say(g, chosen.Caption + '.');
-}
-
 void tellHand(Game& g) {
     if (silent(g)) return;
     const char* const leads =
@@ -108,6 +103,11 @@ void tellDeal(Game& g) {
 void tellTurn(Game& g) {
     if (silent(g)) return;
     say(g, firstMove(g) ? "Your turn." : "Your turn. " + onTheTable(g));
+}
+
+void tellTable(Game& g) {
+    if (silent(g)) return;
+    say(g, onTheTable(g));
 }
 
 void tellSweep(Game& g) {

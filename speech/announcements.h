@@ -4,17 +4,16 @@
 #pragma once
 
 struct Game;
-struct OptionButton;
 
 // What is said aloud while a hand is played, sentence by sentence, at the moment at which it comes
 // to be seen. Where nobody listens nothing is made. None of these runs events or changes the game.
 
 void tellOpening(Game&);  ///< the opening screen: what can be chosen, and what is
-void tellChoice(Game&, const OptionButton&);  ///< another kind of match has been chosen by a key
 
 void tellHand(Game&);   ///< a hand begins: who leads, and the cards on the table
 void tellDeal(Game&);   ///< the three cards that the human has been given
 void tellTurn(Game&);   ///< the human's turn has come: what lies on the table
+void tellTable(Game&);  ///< what lies on the table, for who asks
 void tellSweep(Game&);  ///< an ace begins to sweep; expects giocatore and cartaGiocata
 
 /// What becomes of the human's card: laid, or what it has to take. Expects the outcome of combina.

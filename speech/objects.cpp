@@ -138,17 +138,23 @@ Figure figureOf(int index) {
             place % frmscore::columns};
 }
 
+/// A number stands behind a blank, in the place of its sign.
+std::string trimmed(const std::string& caption) {
+    return caption.starts_with(' ') ? caption.substr(1) : caption;
+}
+
 /// A figure alone says nothing to who does not see the column and the row.
 std::string nameOfFigure(const Game& g, const Label& label) {
     const Figure figure = figureOf(label.index);
     const int title = frmscore::firstTitle + figure.block * frmscore::columns + figure.column;
     return g.LBLdat(1 + figure.block).Caption + ", row " + std::to_string(figure.row + 1) + ", " +
-           g.LBLdat(title).Caption + label.Caption;
+           g.LBLdat(title).Caption + ' ' + trimmed(label.Caption);
 }
 
 std::string nameOfLabel(const Game& g, const Label& label) {
     if (label.source == Source::lblTot) {
-        const std::string total = g.LBLdat(1 + label.index).Caption + ", total" + label.Caption;
+        const std::string total =
+            g.LBLdat(1 + label.index).Caption + ", total " + trimmed(label.Caption);
         return label.underlined ? total + ", leads" : total;
     }
     const bool figure = label.source == Source::LBLdat && label.index >= frmscore::firstFigure;

@@ -53,12 +53,12 @@ QString ToldPart::text(QAccessible::Text what) const {
 
 QAccessible::Role ToldPart::role() const {
     switch (told_.role) {
+        // As static text all labels of the sheet would be read at once wherever the focus moves.
         case Told::Role::card:
+        case Told::Role::label:
             return QAccessible::ListItem;
         case Told::Role::picture:
             return QAccessible::Graphic;
-        case Told::Role::label:
-            return QAccessible::StaticText;
     }
     return QAccessible::NoRole;
 }

@@ -5,14 +5,17 @@
 
 #include <algorithm>
 
+#include "platform/qt/form_window.h"
 #include "platform/qt/surface_view.h"
 #include "platform/qt/told_part.h"
 
 namespace {
 
 QAccessibleInterface* makeInterface(const QString&, QObject* object) {
-    auto* view = dynamic_cast<SurfaceView*>(object);
-    return view ? new ToldSurface(*view) : nullptr;
+    if (auto* view = dynamic_cast<SurfaceView*>(object)) return new ToldSurface(*view);
+    if (auto* window = dynamic_cast<FormWindow*>(object))
+        return new QAccessibleWidget(window, QAccessible::Window);
+    return nullptr;
 }
 
 void forget(ToldPart* part) {
@@ -26,7 +29,7 @@ int countOf(const std::vector<ToldPart*>& parts) {
 }  // namespace
 
 ToldSurface::ToldSurface(SurfaceView& view)
-    : QAccessibleWidget(&view, QAccessible::Grouping, view.name()), view_(view) {
+    : QAccessibleWidget(&view, QAccessible::List, view.name()), view_(view) {
     for (const Told& told : view_.told()) parts_.push_back(take(told));
     view_.tellChangesTo(*this);
 }

@@ -38,5 +38,5 @@ private:
     ToldPart* focused_ = nullptr;   ///< as last told
 };
 
-/// Has surfaces told in this way. Once, before there are any.
+/// Has surfaces told in this way, and their windows as windows. Once, before there are any.
 void tellSurfaces();

@@ -31,6 +31,36 @@ TEST(Presses, OnALampAreNoneOnTheTable) {
     EXPECT_EQ(desk.g.queue.back().source, Source::Verde);
 }
 
+TEST(Presses, AreSaidWithTheirSum) {
+    Desk desk;
+    desk.backend.listens = true;
+    desk.giveHuman({37});
+    desk.layTable({5, 14, 3});
+    EXPECT_TRUE(desk.humanPlays({1, 2, 1, 3}, {}));
+    const std::vector<std::string> expected{
+        "You play the seven of swords. You must take: choose cards that add up to 7.",
+        "five of coins marked, 5 of 7.", "four of cups marked, 9 of 7.",
+        "five of coins let go, 4 of 7."};
+    EXPECT_EQ(desk.backend.announced, expected) << "the last mark is told by the capture";
+}
+
+TEST(Presses, ThatAreNotPossibleAreSaid) {
+    Desk desk;
+    desk.backend.listens = true;
+    desk.giveHuman({7});
+    desk.layTable({17, 3, 27});
+    EXPECT_TRUE(desk.humanPlays({4, 2, 2, 3}, {}));
+    const std::vector<std::string> expected{
+        "You play the seven of coins. You must take: choose the seven of cups or the seven of "
+        "clubs.",
+        "Not possible.",
+        "three of coins marked, not possible: only the seven of cups or the seven of clubs.",
+        "three of coins let go."};
+    EXPECT_EQ(desk.backend.announced, expected);
+    frmscopa::Form_MouseDown(desk.g, 1, 0, 5, 5);
+    EXPECT_EQ(desk.backend.announced.back(), "Not possible.") << "nothing is wanted any more";
+}
+
 constexpr int english = 1, italian = 2, information = 4, all = 7;
 
 /// Which panels are open after an event that found these open.
