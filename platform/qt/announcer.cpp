@@ -20,8 +20,8 @@ public:
         for (SpokenLine* sentence : sentences_) forget(sentence);
     }
 
-    /// More than a reader falls behind.
-    static constexpr std::size_t mostKept = 32;
+    /// More than a reader falls behind, even when all the rules are said at once.
+    static constexpr std::size_t mostKept = 64;
 
     void standOn(QWidget& widget) { widget_ = &widget; }
     void take(SpokenLine* sentence) {

@@ -3,6 +3,8 @@
 
 // Which clicks count on the table, and which open and close the panels.
 
+#include <algorithm>
+
 #include "desk.h"
 #include "game/human.h"
 
@@ -73,6 +75,18 @@ int openAfter(int before, const Event& event, Colour surface = 0x7000) {
     g.Text4.Visible = before & information;
     deliver(g, event);
     return g.Text1.Visible * english + g.Text3.Visible * italian + g.Text4.Visible * information;
+}
+
+TEST(Panels, AreSaidWhenTheyOpen) {
+    Desk desk;
+    desk.backend.listens = true;
+    const Event english_Click{Source::english}, info{Source::menu_about};
+    for (const Event& event : {info, info, english_Click}) deliver(desk.g, event);
+    const std::vector<std::string>& said = desk.backend.announced;
+    EXPECT_EQ(said.at(0), "Information.");
+    EXPECT_EQ(said.at(1), "Velarda  ver. 3.0");
+    EXPECT_EQ(said.at(4), "Game rules.") << "nothing was said of the panel that closed";
+    EXPECT_EQ(std::ranges::count(said, "Seven, 21"), 1) << "a row of the table of values";
 }
 
 TEST(Panels, CloseByTheRightEvents) {
