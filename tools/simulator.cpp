@@ -212,8 +212,8 @@ int simulate(const Options& options) {
     Simulation simulation(options);
     try {
         simulation.run();
-    } catch (const InvariantBroken& fault) {
-        // What led up to the fault is worth having.
+    } catch (const std::runtime_error& fault) {
+        // A rule is broken, or the game waits in vain. What led up to the fault is worth having.
         writeOut(simulation.recorder().text);
         std::fflush(stdout);
         std::fprintf(stderr, "velarda-sim: %s: hand %d, seed %llu\n", fault.what(),

@@ -101,11 +101,11 @@ void NativeControl::present() {
     if (!widget_) make();
     place();
     fillIn();
-    if (control_.z != raised_) widget_->raise();
+    if (widget_->isVisible() && control_.z == raised_) return;
     raised_ = control_.z;
-    if (widget_->isVisible()) return;
+    widget_->raise();
     widget_->show();
-    // A text that opens is scrolled by the keys at once.
+    // A text that opens or comes to the front is scrolled by the keys at once.
     if (control_.kind == Kind::text) widget_->setFocus();
 }
 

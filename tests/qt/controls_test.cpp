@@ -126,6 +126,19 @@ TEST(TextPanels, OpenAtTheirTop) {
     EXPECT_EQ(scroll->value(), 0);
 }
 
+TEST(TextPanels, HaveTheKeysWhenTheyComeToTheFront) {
+    Opening opening;
+    TextBox *const rules = &opening.g.Text1, *const information = &opening.g.Text4;
+    for (TextBox* const front : {rules, information, rules}) {
+        front->Visible = true;
+        ZOrder(opening.g, *front);
+        opening.present();
+        const QWidget* focused = opening.window(opening.g.frmscopa).focusWidget();
+        ASSERT_NE(focused, nullptr);
+        EXPECT_EQ(focused->accessibleName().toStdString(), front->name);
+    }
+}
+
 TEST(Ring, LiesInFrontRoundItsCardAtEverySizeAndGoesWithTheMouse) {
     Opening opening;
     Form& form = opening.g.frmscopa;
