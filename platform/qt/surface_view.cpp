@@ -14,7 +14,6 @@
 #include "platform/qt/game_keys.h"
 #include "platform/qt/picture_cache.h"
 #include "platform/qt/text_drawing.h"
-#include "platform/qt/told_surface.h"
 
 namespace {
 
@@ -160,7 +159,7 @@ void SurfaceView::present() {
     findChangedControls();
     if (changed_.isEmpty()) return;
     // Where nobody has asked for what is seen, nobody is told of what changes.
-    if (toldAs_) toldAs_->update();
+    if (tell_) tell_();
     const QRegion region = changed_;
     changed_ = {};
     repaint(region);

@@ -6,13 +6,14 @@
 #include <QImage>
 #include <QRegion>
 #include <QWidget>
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include "platform/form.h"
 #include "platform/qt/ring.h"
 
 class PictureCache;
-class ToldSurface;
 struct Runtime;
 
 /// The painted surface of a form and the controls that are drawn in front of it. It keeps the
@@ -33,7 +34,8 @@ public:
     /// What is seen here, for a reader of the screen, and what the whole is called.
     std::vector<Told> told() const;
     QString name() const;
-    void tellChangesTo(ToldSurface& surface) { toldAs_ = &surface; }
+    /// From now on calls this whenever something has changed.
+    void tellChanges(std::function<void()> tell) { tell_ = std::move(tell); }
     PixelBox ringed() const;  ///< the place in the ring; empty where there is none
 
 protected:
@@ -76,7 +78,7 @@ private:
     QImage canvas_;
     QRegion changed_;
     std::vector<Shown> shown_;
-    Ring ring_;                      ///< as last shown
-    ToldSurface* toldAs_ = nullptr;  ///< from the moment at which somebody asks
-    QPoint mouseAtKey_;              ///< where the mouse was when a key was last pressed
+    Ring ring_;                   ///< as last shown
+    std::function<void()> tell_;  ///< from the moment at which somebody asks what is seen
+    QPoint mouseAtKey_;           ///< where the mouse was when a key was last pressed
 };

@@ -31,7 +31,7 @@ int countOf(const std::vector<ToldPart*>& parts) {
 ToldSurface::ToldSurface(SurfaceView& view)
     : QAccessibleWidget(&view, QAccessible::List, view.name()), view_(view) {
     for (const Told& told : view_.told()) parts_.push_back(take(told));
-    view_.tellChangesTo(*this);
+    view_.tellChanges([this] { update(); });
 }
 
 ToldSurface::~ToldSurface() {

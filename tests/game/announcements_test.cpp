@@ -4,6 +4,8 @@
 // What is said aloud, compared with what has happened: every sentence of some matches, told a
 // second time from the moves.
 
+#include <algorithm>
+
 #include "state/cards.h"
 #include "whole_program.h"
 
@@ -80,9 +82,8 @@ private:
         return ids;
     }
     bool sweeps() const {
-        for (const int id : taken())
-            if (id % 10 == 1) return false;
-        return g_.cartaGiocata % 10 == 1 && !taken().empty();
+        const bool takesAce = std::ranges::any_of(taken(), [](int id) { return id % 10 == 1; });
+        return g_.cartaGiocata % 10 == 1 && !taken().empty() && !takesAce;
     }
     std::string choice() const {
         std::vector<int> equal = table_;

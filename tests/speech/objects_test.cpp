@@ -66,7 +66,7 @@ TEST_F(Objects, AreToldFromTopToBottomWithNameAndPlace) {
                          "Your pile",
                          "Your scope: 2"};
     EXPECT_EQ(names(), expected);
-    const Told& ace = toldOfTable(g).at(3);
+    const Told ace = toldOfTable(g).at(3);
     const Spot spot = placeSpot(g, {1, 2});
     EXPECT_EQ(ace.place, toPixels({spot.left, spot.top, spot.left + g.larghezzaCarta,
                                    spot.top + g.altezzaCarta},

@@ -60,10 +60,7 @@ class Listener:
                 pass
             assert self.game.process.poll() is None, "the program has ended: " + self.game.complaints
             return condition()
-        try:
-            wait_until(look, what, 60)
-        except TimeoutError as vain:
-            raise TimeoutError("%s; last said: %s" % (what, self.said[-3:])) from vain
+        wait_until(look, what, 60)
 
     def next(self, pattern):
         """The next sentence that fits, and what it names by groups."""
@@ -107,12 +104,10 @@ class Listener:
 
 def choose(demand, table):
     """The cards that what was said asks for."""
-    if total := re.match(r"cards that add up to (\d+)", demand):
-        for count in range(2, len(table) + 1):
-            for cards in itertools.combinations(table, count):
-                if sum(map(value, cards)) == int(total[1]):
-                    return cards
-    return cards_in(demand)[:1]
+    if not (total := re.match(r"cards that add up to (\d+)", demand)):
+        return cards_in(demand)[:1]
+    sets = [cards for n in range(2, len(table) + 1) for cards in itertools.combinations(table, n)]
+    return next(cards for cards in sets if sum(map(value, cards)) == int(total[1]))
 
 
 def play_turn(ears, table):
@@ -122,7 +117,7 @@ def play_turn(ears, table):
     outcome = ears.next("You (lay|play) the (%s)(?:. You must take: choose (.*))?" % CARD)
     assert outcome[2] == card, "pressed the %s: %s" % (card, outcome[0])
     if not outcome[3]:
-        return [card]
+        return card
     chosen = choose(outcome[3], table)
     assert set(chosen) <= set(table), "%s is asked for of %s" % (outcome[0], table)
     for chosen_card in chosen:
@@ -132,7 +127,7 @@ def play_turn(ears, table):
             ears.wait(lambda: ears.cards(", taken"), "no card is told as taken")
     taken = cards_in(ears.next("You take .*")[0])
     assert set(taken) == set(chosen), "chose %s, took %s" % (chosen, taken)
-    return [card]
+    return card
 
 
 def play_hand(ears):
@@ -146,7 +141,7 @@ def play_hand(ears):
         assert table == told, "seen on the table: %s, told: %s" % (table, told)
         hand = ears.cards("in your hand")
         assert len(hand) == 3 - turn % 3, "turn %d with %s" % (turn, hand)
-        seen += play_turn(ears, table)
+        seen.append(play_turn(ears, table))
     return seen
 
 
