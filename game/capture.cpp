@@ -3,6 +3,7 @@
 
 #include "game/capture.h"
 
+#include "speech/announcements.h"
 #include "state/card_holders.h"
 #include "state/cards.h"
 #include "state/state.h"
@@ -171,6 +172,7 @@ void combina(Game& g) {
 
 void velarda(Game& g) {
     if (g.postiVuoti == tablePlaces) return;
+    tellSweep(g);
     playMascot(g, g.giocatore);
     takeTable(g);
     g.presaOk = true;

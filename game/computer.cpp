@@ -5,6 +5,7 @@
 
 #include "game/capture.h"
 #include "platform/chance.h"
+#include "speech/announcements.h"
 #include "state/card_holders.h"
 #include "state/cards.h"
 #include "state/state.h"
@@ -89,6 +90,7 @@ void showPlayed(Game& g) {
     eraseCard(g, {slot.Left, slot.Top}, {.top = 1});
     showCard(g, g.cartaGiocata, playedSpot(g));
     slot.Tag = "0";
+    tellComputersMove(g);
     ritardo(g, 2);
 }
 

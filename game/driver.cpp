@@ -11,6 +11,7 @@
 #include "platform/chance.h"
 #include "preferences/music.h"
 #include "preferences/settings.h"
+#include "speech/announcements.h"
 #include "state/card_holders.h"
 #include "state/cards.h"
 #include "state/scoring.h"
@@ -39,6 +40,7 @@ void openMatch(Game& g) {
     g.nomeGiocatore = "Player";
     hideTitle(g);
     modScopa::sipario(g, g.frmscopa, openingBlue);
+    tellOpening(g);
     sceltaPartita(g);
 }
 
@@ -47,6 +49,7 @@ void beginMove(Game& g, int player) {
     g.cartaGiocata = g.valoreGiocato = g.numeroPresa = g.sommaPresa = 0;
     showTurn(g, player);
     notify(g, Moment::turn);
+    if (player == human) tellTurn(g);
 }
 
 void humanMove(Game& g) {
@@ -81,6 +84,7 @@ void playRound(Game& g) {
 void dealAgain(Game& g) {
     g.mosseGiocate = 0;
     daicarte(g);
+    tellDeal(g);
     if (g.cimaMazzo < deckSpent) return;
     eraseCard(g, deckSpot(g));
 }
@@ -95,6 +99,7 @@ void giveLeftovers(Game& g) {
     g.giocatore = g.ultimaPresa;
     g.raccoltaFinale = true;
     notify(g, Moment::leftovers);
+    tellLeftovers(g);
     muovicarte(g);
     g.raccoltaFinale = false;
 }
@@ -160,6 +165,8 @@ void gioco(Game& g) {
     g.mosseGiocate = g.denariUmano = g.presiUmano = 0;
     g.scope(human) = g.scope(computer) = 0;
     notify(g, Moment::dealt);
+    tellHand(g);
+    tellDeal(g);
     playRound(g);
     while (g.cimaMazzo != deckSpent) {
         dealAgain(g);

@@ -13,6 +13,7 @@
 #include "preferences/never_called.h"
 #include "preferences/panels.h"
 #include "preferences/settings.h"
+#include "speech/objects.h"
 #include "state/state.h"
 #include "table/ace_sweep.h"
 #include "table/opening_screen.h"
@@ -85,6 +86,8 @@ std::span<const Handler> eventTable() {
 }
 
 void runProgram(Game& g) {
+    g.frmscopa.teller = toldOfTable;
+    g.frmscore.teller = toldOfSheet;
     try {
         Show(g, g.frmscopa);
         while (true) {

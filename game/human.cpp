@@ -6,6 +6,7 @@
 #include "game/capture.h"
 #include "game/keys.h"
 #include "preferences/panels.h"
+#include "speech/announcements.h"
 #include "state/card_holders.h"
 #include "state/cards.h"
 #include "state/state.h"
@@ -15,11 +16,12 @@
 namespace frmscopa {
 namespace {
 
-void pickHandCard(Game& g, float X, float Y) {
+/// True when a card is in play now, as before.
+bool pickHandCard(Game& g, float X, float Y) {
     // A card is in play already: its sweep runs, or a second press came along with the first.
-    if (g.cartaGiocata != 0) return;
+    if (g.cartaGiocata != 0) return true;
     const int slot = handSlotAt(g, X, Y);
-    if (slot == 0) return;
+    if (slot == 0) return false;
     g.postoMano = slot;
     g.cartaGiocata = g.mazzo(g.cimaMazzo + g.postoMano - 3);
     g.valoreGiocato = cardValue(g.cartaGiocata);
@@ -28,21 +30,32 @@ void pickHandCard(Game& g, float X, float Y) {
     const Image& card = g.carta(g.cartaGiocata);
     eraseCard(g, {card.Left, card.Top});
     showCard(g, g.cartaGiocata, playedSpot(g));
+    return true;
 }
 
-void pickTableCard(Game& g, float X, float Y) {
+/// True when there was a card to mark or to let go.
+bool pickTableCard(Game& g, float X, float Y) {
     const Place place = tablePlaceAt(g, X, Y);
     g.rigaTavolo = place.row;
     g.colonnaTavolo = place.column;
-    if (!onTable(place)) return;
+    if (!onTable(place)) return false;
     const int id = g.tavolo(place.row, place.column);
-    if (id == 0) return;
+    if (id == 0) return false;
     if (marked(g, id)) {
         g.carta(id).Tag.clear();
         repaintCard(g, id);
     } else {
         mark(g, id);
     }
+    tellMark(g, id);
+    return true;
+}
+
+/// False when the press is not possible now.
+bool play(Game& g, float X, float Y) {
+    if (Point(g.frmscopa, X, Y) == tableColour) return false;
+    if (g.fase == "gioco1") return pickHandCard(g, X, Y);
+    return g.fase == "selezione" && pickTableCard(g, X, Y);
 }
 
 void collectSelection(Game& g) {
@@ -86,13 +99,9 @@ void waitForSelection(Game& g) {
 }  // namespace
 
 void Form_MouseDown(Game& g, int, int, float X, float Y) {
+    const bool closes = g.Text1.Visible || g.Text3.Visible || g.Text4.Visible;
     hidePanels(g);
-    if (Point(g.frmscopa, X, Y) == tableColour) return;
-    if (g.fase == "gioco1") {
-        pickHandCard(g, X, Y);
-    } else if (g.fase == "selezione") {
-        pickTableCard(g, X, Y);
-    }
+    if (!play(g, X, Y) && !closes) tellRefusal(g);
 }
 
 void gioco1(Game& g) {
@@ -105,6 +114,7 @@ void gioco1(Game& g) {
 
 void verifica(Game& g) {
     combina(g);
+    tellHumansCard(g);
     if (g.presaOk) {
         waitForSelection(g);
     } else {

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "platform/backend.h"
+#include "speech/announcements.h"
 #include "state/cards.h"
 #include "state/state.h"
 #include "table/geometry.h"
@@ -84,6 +86,8 @@ int ringedAfter(Key key, const std::vector<Pressable>& cards, int ringed) {
 void moveRing(Game& g, Key key) {
     const auto cards = pressable(g);
     if (cards.empty()) return;
+    // There is no row above the hand and none below it: who listens hears the table once more.
+    if (g.fase == "gioco1" && (key == Key::Up || key == Key::Down)) tellTable(g);
     const bool arrow = key != Key::Home && key != Key::End;
     const bool shows = g.ringInUse || !arrow;
     putRing(g, cards, shows ? ringedAfter(key, cards, g.ringed) : g.ringed);
@@ -91,15 +95,15 @@ void moveRing(Game& g, Key key) {
 }
 
 void pressRinged(Game& g) {
-    if (!g.ringInUse) return;
     const auto cards = pressable(g);
-    if (!cards.empty()) press(g, cards[static_cast<std::size_t>(g.ringed)]);
+    if (!g.ringInUse || cards.empty()) return tellRefusal(g);
+    press(g, cards[static_cast<std::size_t>(g.ringed)]);
 }
 
 void pressSlot(Game& g, int slot) {
-    if (g.fase != "gioco1") return;
     for (const Pressable& card : pressable(g))
-        if (card.column == slot) press(g, card);
+        if (g.fase == "gioco1" && card.column == slot) return press(g, card);
+    tellRefusal(g);
 }
 
 /// The arrows go up and down the three kinds of match.
@@ -160,6 +164,9 @@ void Form_MouseMove(Game& g) {
 
 void ringFirst(Game& g) {
     g.ringed = 0;
+    // What comes under the ring is spoken, and whatever is being said stops for it. To who listens
+    // it comes only when a key asks for it.
+    if (g.backend.listening()) g.ringInUse = false;
     if (!g.ringInUse) return;
     if (const auto cards = pressable(g); !cards.empty()) putRing(g, cards, g.ringed);
 }

@@ -3,6 +3,7 @@
 
 #include "game/match.h"
 
+#include "speech/announcements.h"
 #include "state/scoring.h"
 #include "state/state.h"
 #include "table/score_sheet.h"
@@ -44,6 +45,7 @@ void Form_Activate(Game& g) {
     risultato(g);
     mostrasettanta(g);
     notify(g, Moment::scored);
+    tellScore(g);
 }
 
 void Form_QueryUnload(Game&, int UnloadMode) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "platform/chance.h"
+#include "speech/announcements.h"
 #include "state/card_holders.h"
 #include "state/cards.h"
 #include "state/state.h"
@@ -50,6 +51,7 @@ void recordPile(Game& g) {
 }
 
 void capture(Game& g) {
+    if (g.giocatore == human && !g.raccoltaFinale) tellCapture(g);
     fanOut(g);
     ritardo(g, 2);
     g.ultimaPresa = g.giocatore;
@@ -99,6 +101,7 @@ void muovicarte(Game& g) {
     clearTaken(g);
     if (isScopa(g)) {
         ++g.scope(g.giocatore);
+        tellScopa(g);
         showScopa(g);
     }
     for (int i = 1; i <= g.numeroPresa; ++i) g.presa(i) = 0;

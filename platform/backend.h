@@ -47,6 +47,11 @@ public:
     /// The colour of a picture, drawn at a size, in one of its pixels.
     virtual Colour pixel(Picture, PixelSize, int x, int y) = 0;
     virtual std::unique_ptr<Player> player(DeviceType) = 0;
+    /// True while a reader of the screen is there. Where it is not, nothing is made for it.
+    virtual bool listening() = 0;
+    /// Says a sentence aloud, after those that came before it and after what has been painted by
+    /// now is seen.
+    virtual void announce(const std::string& sentence) = 0;
 
     double frameSeconds = 0;  ///< how long a step of a slide is to be seen
     double wipeSeconds = 0;   ///< how long a wipe takes

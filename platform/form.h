@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/surface.h"
+#include "platform/told.h"
 
 class Backend;
 
@@ -31,6 +32,7 @@ struct Form {
     Backend* backend = nullptr;
     Source source{};
     std::string Caption;
+    std::string name;  ///< of the surface, for readers of the screen
     int WindowState = 0;
     int ScaleMode = 0;
     float ScaleWidth = unitsAcross, ScaleHeight = unitsDown;
@@ -41,6 +43,7 @@ struct Form {
     Box ring;        ///< round what the keys would press, shown in front of all; empty for none
     std::vector<Control*> controls;  ///< all, in no order
     std::vector<MenuEntry*> menu;    ///< in the order of the bar
+    Teller teller = nullptr;         ///< asked when a reader of the screen is there
 };
 
 enum class LineStyle { plain, B, BF };  ///< a line, a box outline, a filled box

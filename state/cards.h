@@ -21,6 +21,7 @@ inline bool equalValue(int id, int other) {
 
 inline constexpr int settebello = 7, lastDenaro = 10;
 inline constexpr int tablePlaces = 12;
+inline constexpr int firstDeal = 7;   ///< cimaMazzo after the first deal
 inline constexpr int deckSpent = 22;  ///< cimaMazzo after the last deal
 inline constexpr int movesOfRound = 6;
 

@@ -151,6 +151,7 @@ void designTable(TableForm& g, Backend& backend) {
     form.backend = &backend;
     form.source = Source::frmscopa;
     form.Caption = "Corvalia - Velarda";
+    form.name = "Table";
     BackColor(form, pureBlue);
     designCards(g);
     designPictures(g);
@@ -165,6 +166,7 @@ void designScore(ScoreForm& g, Backend& backend) {
     form.backend = &backend;
     form.source = Source::frmscore;
     form.Caption = "Corvalia - Scopa";
+    form.name = "Score sheet";
     BackColor(form, 0x0080FF);
     form.controls.clear();
     g.LBLdat.all().clear();

@@ -11,13 +11,11 @@
 namespace frmscore {
 namespace {
 
-constexpr int columns = 5;
 constexpr std::array<const char*, columns> titles{"Carte", "Denari", "Primiera", "Settebello",
                                                   "Scope"};
 constexpr Colour leaderRed = 0x0000FF;
 constexpr float blockLeft[] = {20, 432}, blockWidth = 348;
 constexpr float columnPitch = 70, columnWidth = 67.8f, rowHeight = 15;
-constexpr int firstTitle = 3, firstFigure = 13;
 
 void place(Control& control, float left, float top, float width, float height) {
     Move(control, left, top);

@@ -10,7 +10,8 @@ struct Game;
 
 namespace frmscore {
 
-inline constexpr int labelsPerHand = 10;
+inline constexpr int labelsPerHand = 10, columns = 5;
+inline constexpr int firstTitle = 3, firstFigure = 13;
 /// The last offset whose row and totals still stand clear above the buttons.
 inline constexpr int lastOffset = 19 * labelsPerHand;
 

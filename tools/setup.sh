@@ -7,7 +7,7 @@
 build_packages="cmake ninja-build g++ qt6-base-dev qt6-svg-dev libsdl2-dev libsdl2-mixer-dev abcmidi"
 run_packages="libsdl2-mixer-2.0-0 qt6-wayland timgm6mb-soundfont fonts-dejavu-core"
 virtual_display_packages="xvfb openbox"
-check_packages="libgtest-dev libbenchmark-dev clang-format clang-tidy cppcheck fluidsynth desktop-file-utils appstream man-db lintian clang libclang-rt-dev locales python3-xlib faketime"
+check_packages="libgtest-dev libbenchmark-dev clang-format clang-tidy cppcheck fluidsynth desktop-file-utils appstream man-db lintian clang libclang-rt-dev locales python3-xlib faketime dbus at-spi2-core python3-gi gir1.2-atspi-2.0"
 
 fail() {
     echo "$1" >&2

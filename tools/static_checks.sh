@@ -9,7 +9,7 @@ set -eu
 cd "$(dirname "$0")/.."
 . tools/setup.sh
 
-rooms="platform state preferences table game"
+rooms="platform state preferences table speech game"
 commands=build/dev/compile_commands.json
 kept=build/static
 tidied=$kept/tidy

@@ -6,6 +6,7 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "platform/backend.h"
 #include "platform/surface.h"
@@ -45,6 +46,8 @@ public:
     std::string melody;         ///< the file that is open as music, empty for none
     double melodySeconds = 90;  ///< how long a melody lasts
     bool soundWorks = true;
+    bool listens = false;                ///< a reader of the screen is there
+    std::vector<std::string> announced;  ///< what it has been told
 
     void wait(double until) override { time.pass(until); }
     void present() override {}
@@ -59,6 +62,8 @@ public:
     void cleared(Form&) override {}
     Colour pixel(Picture, PixelSize, int, int) override { return cardPaper; }
     std::unique_ptr<Player> player(DeviceType) override;
+    bool listening() override { return listens; }
+    void announce(const std::string& sentence) override { announced.push_back(sentence); }
 
 private:
     /// What every picture looks like here; not the table colour.

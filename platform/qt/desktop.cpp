@@ -3,6 +3,7 @@
 
 #include "platform/qt/desktop.h"
 
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>
@@ -19,6 +20,7 @@
 #include "platform/form.h"
 #include "platform/qt/settings_store.h"
 #include "platform/qt/surface_view.h"
+#include "platform/qt/told_surface.h"
 #include "platform/sound/sdl_player.h"
 
 namespace {
@@ -39,6 +41,7 @@ Desktop::Desktop() {
     frameSeconds = 1.0 / 60;
     wipeSeconds = 0.5;
     clock_.start();
+    tellSurfaces();
 }
 
 FormWindow* Desktop::existing(const Form& form) const {
@@ -82,6 +85,7 @@ void Desktop::wait(double until) {
 void Desktop::present() {
     for (const auto& [form, window] : windows_)
         if (window->isVisible()) window->present();
+    if (front_) announcer_.say(front_->view());
 }
 
 double Desktop::clock() {
@@ -142,4 +146,12 @@ Colour Desktop::pixel(Picture picture, PixelSize size, int x, int y) {
 
 std::unique_ptr<Player> Desktop::player(DeviceType type) {
     return std::make_unique<SdlPlayer>(type, runInGame);
+}
+
+bool Desktop::listening() {
+    return QAccessible::isActive();
+}
+
+void Desktop::announce(const std::string& sentence) {
+    announcer_.add(sentence);
 }

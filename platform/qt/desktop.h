@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/backend.h"
+#include "platform/qt/announcer.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/picture_cache.h"
 
@@ -39,6 +40,8 @@ public:
     void cleared(Form&) override;
     Colour pixel(Picture, PixelSize, int x, int y) override;
     std::unique_ptr<Player> player(DeviceType) override;
+    bool listening() override;
+    void announce(const std::string&) override;
 
 protected:
     Runtime* runtime_ = nullptr;
@@ -54,4 +57,5 @@ private:
     };
     std::vector<Opened> windows_;  ///< in the order in which they were first needed
     FormWindow* front_ = nullptr;  ///< the one shown last
+    Announcer announcer_;
 };

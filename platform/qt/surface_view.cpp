@@ -11,7 +11,6 @@
 #include <chrono>
 #include <cmath>
 #include <thread>
-#include <tuple>
 
 #include "platform/backend.h"
 #include "platform/events.h"
@@ -174,27 +173,24 @@ void SurfaceView::findChangedControls() {
     ring_ = ring;
 }
 
-/// The name of the form, or what stands on its labels from top to bottom: drawn text is nothing to
-/// a reader of the screen.
-QString SurfaceView::spoken() const {
-    std::vector<const Label*> labels;
-    for (const Shown& shown : shown_)
-        if (shown.control->kind == Kind::label)
-            labels.push_back(static_cast<const Label*>(shown.control));
-    std::sort(labels.begin(), labels.end(), [](const Label* a, const Label* b) {
-        return std::tie(a->Top, a->Left) < std::tie(b->Top, b->Left);
-    });
-    QStringList words;
-    for (const Label* label : labels) words += QString::fromStdString(label->Caption).trimmed();
-    return words.isEmpty() ? QString::fromStdString(form_.Caption)
-                           : words.join(QStringLiteral(", "));
+std::vector<Told> SurfaceView::told() const {
+    return form_.teller ? form_.teller(runtime_) : std::vector<Told>{};
+}
+
+QString SurfaceView::name() const {
+    return QString::fromStdString(form_.name);
+}
+
+PixelBox SurfaceView::ringed() const {
+    return toPixels(form_.ring, form_.grid);
 }
 
 void SurfaceView::present() {
     if (canvas_.isNull() || !isVisible()) return;
     findChangedControls();
     if (changed_.isEmpty()) return;
-    if (const QString name = spoken(); name != accessibleName()) setAccessibleName(name);
+    // Where nobody has asked for what is seen, nobody is told of what changes.
+    if (tell_) tell_();
     const QRegion region = changed_;
     changed_ = {};
     repaint(region);
@@ -225,10 +221,17 @@ void SurfaceView::resizeEvent(QResizeEvent*) {
     findChangedControls();
 }
 
+void SurfaceView::pressPixel(int x, int y, int button) {
+    pressAt(runtime_, form_, pressOn(x, form_.grid.x), pressOn(y, form_.grid.y), button);
+}
+
+void SurfaceView::press(const PixelBox& box) {
+    pressPixel((box.left + box.right) / 2, (box.top + box.bottom) / 2, 1);
+}
+
 void SurfaceView::mousePressEvent(QMouseEvent* event) {
     const QPointF place = event->position() * canvas_.devicePixelRatio();
-    pressAt(runtime_, form_, pressOn(qFloor(place.x()), form_.grid.x),
-            pressOn(qFloor(place.y()), form_.grid.y), buttonNumber(event->button()));
+    pressPixel(qFloor(place.x()), qFloor(place.y()), buttonNumber(event->button()));
 }
 
 /// The second press of a double click is a press like any other.

@@ -6,6 +6,8 @@
 #include <QImage>
 #include <QRegion>
 #include <QWidget>
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include "platform/form.h"
@@ -27,6 +29,14 @@ public:
     void present();
     /// A box of screen pixels in the widget's coordinates, grown to whole ones.
     QRect toWidget(const PixelBox&) const;
+    /// The press of the mouse in the middle of a box of screen pixels.
+    void press(const PixelBox&);
+    /// What is seen here, for a reader of the screen, and what the whole is called.
+    std::vector<Told> told() const;
+    QString name() const;
+    /// From now on calls this whenever something has changed.
+    void tellChanges(std::function<void()> tell) { tell_ = std::move(tell); }
+    PixelBox ringed() const;  ///< the place in the ring; empty where there is none
 
 protected:
     void paintEvent(QPaintEvent*) override;
@@ -61,8 +71,8 @@ private:
     std::vector<Shown> drawnNow() const;
     void findChangedControls();
     void drawControl(QPainter&, const Shown&) const;
+    void pressPixel(int x, int y, int button);
     bool queueKey(const QKeyEvent&);
-    QString spoken() const;
 
     Runtime& runtime_;
     Form& form_;
@@ -71,6 +81,7 @@ private:
     double redrawn_ = -1;  ///< when all that was painted was last drawn anew; the clock's seconds
     QRegion changed_;
     std::vector<Shown> shown_;
-    Ring ring_;          ///< as last shown
-    QPoint mouseAtKey_;  ///< where the mouse was when a key was last pressed
+    Ring ring_;                   ///< as last shown
+    std::function<void()> tell_;  ///< from the moment at which somebody asks what is seen
+    QPoint mouseAtKey_;           ///< where the mouse was when a key was last pressed
 };

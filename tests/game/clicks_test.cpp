@@ -3,6 +3,8 @@
 
 // Which clicks count on the table, and which open and close the panels.
 
+#include <algorithm>
+
 #include "desk.h"
 #include "game/human.h"
 
@@ -31,6 +33,36 @@ TEST(Presses, OnALampAreNoneOnTheTable) {
     EXPECT_EQ(desk.g.queue.back().source, Source::Verde);
 }
 
+TEST(Presses, AreSaidWithTheirSum) {
+    Desk desk;
+    desk.backend.listens = true;
+    desk.giveHuman({37});
+    desk.layTable({5, 14, 3});
+    EXPECT_TRUE(desk.humanPlays({1, 2, 1, 3}, {}));
+    const std::vector<std::string> expected{
+        "You play the seven of swords. You must take: choose cards that add up to 7.",
+        "five of coins marked, 5 of 7.", "four of cups marked, 9 of 7.",
+        "five of coins let go, 4 of 7."};
+    EXPECT_EQ(desk.backend.announced, expected) << "the last mark is told by the capture";
+}
+
+TEST(Presses, ThatAreNotPossibleAreSaid) {
+    Desk desk;
+    desk.backend.listens = true;
+    desk.giveHuman({7});
+    desk.layTable({17, 3, 27});
+    EXPECT_TRUE(desk.humanPlays({4, 2, 2, 3}, {}));
+    const std::vector<std::string> expected{
+        "You play the seven of coins. You must take: choose the seven of cups or the seven of "
+        "clubs.",
+        "Not possible.",
+        "three of coins marked, not possible: only the seven of cups or the seven of clubs.",
+        "three of coins let go."};
+    EXPECT_EQ(desk.backend.announced, expected);
+    frmscopa::Form_MouseDown(desk.g, 1, 0, 5, 5);
+    EXPECT_EQ(desk.backend.announced.back(), "Not possible.") << "nothing is wanted any more";
+}
+
 constexpr int english = 1, italian = 2, information = 4, all = 7;
 
 /// Which panels are open after an event that found these open.
@@ -43,6 +75,18 @@ int openAfter(int before, const Event& event, Colour surface = 0x7000) {
     g.Text4.Visible = before & information;
     deliver(g, event);
     return g.Text1.Visible * english + g.Text3.Visible * italian + g.Text4.Visible * information;
+}
+
+TEST(Panels, AreSaidWhenTheyOpen) {
+    Desk desk;
+    desk.backend.listens = true;
+    const Event english_Click{Source::english}, info{Source::menu_about};
+    for (const Event& event : {info, info, english_Click}) deliver(desk.g, event);
+    const std::vector<std::string>& said = desk.backend.announced;
+    EXPECT_EQ(said.at(0), "Information.");
+    EXPECT_EQ(said.at(1), "Velarda  ver. 3.0");
+    EXPECT_EQ(said.at(4), "Game rules.") << "nothing was said of the panel that closed";
+    EXPECT_EQ(std::ranges::count(said, "Seven, 21"), 1) << "a row of the table of values";
 }
 
 TEST(Panels, CloseByTheRightEvents) {

@@ -136,7 +136,8 @@ TEST(Desktop, IsSpokenAndLedByKeysFromWindowToWindow) {
     runProgram(g);
     EXPECT_TRUE(said.at(0).contains("/21 points Game/GO/Regole del gioco/"));
     EXPECT_TRUE(said.at(1).endsWith("/GO//Play rate/Game rules/Music/Info/QUIT"));
-    EXPECT_TRUE(said.at(2).startsWith("Corvalia - Scopa/SCORE, Player, Computer, Carte, Denari"));
+    EXPECT_TRUE(said.at(2).startsWith("Corvalia - Scopa/Score sheet/SCORE/Player, primiera, "));
+    EXPECT_TRUE(said.at(2).contains("/Player, row 1, Carte "));
     EXPECT_EQ(said.last().count("/QUIT"), 1);
 }
 
