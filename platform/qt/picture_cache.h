@@ -5,6 +5,7 @@
 
 #include <QImage>
 #include <list>
+#include <vector>
 
 #include "platform/pictures.h"
 
@@ -15,16 +16,27 @@ public:
     /// The picture at a size in pixels of the screen, both above 0. Faces and the back are opaque.
     const QImage& image(Picture, int width, int height);
 
+    /// One picture at a size in pixels of the screen.
+    struct Wanted {
+        Picture picture;
+        QSize size;
+        bool operator==(const Wanted&) const = default;
+    };
+    /// Draws those that are not there yet, as many at a time as there are processors.
+    void prepare(const std::vector<Wanted>&);
+
     /// Drops all images, as when the sizes asked for will be others from now on.
     void clear();
 
 private:
     struct Drawn {
-        Picture picture;
+        Wanted what;
         QImage image;
     };
+    using Place = std::list<Drawn>::iterator;
 
-    void forgetOldest();
+    Place find(const Wanted&);
+    void keep(Drawn);
 
     std::list<Drawn> drawn_;  ///< the one used last in front
     qsizetype bytes_ = 0;

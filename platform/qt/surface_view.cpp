@@ -8,8 +8,11 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <thread>
 
+#include "platform/backend.h"
 #include "platform/events.h"
 #include "platform/qt/game_keys.h"
 #include "platform/qt/picture_cache.h"
@@ -61,6 +64,7 @@ void SurfaceView::fitCanvas() {
     const QSize size(std::max(1, static_cast<int>(std::lround(width() * ratio))),
                      std::max(1, static_cast<int>(std::lround(height() * ratio))));
     if (canvas_.size() == size && canvas_.devicePixelRatio() == ratio) return;
+    awaitFrame();
     // A window whose edge is dragged would fill the memory with sizes that never come again.
     pictures_.clear();
     canvas_ = QImage(size, QImage::Format_RGB32);
@@ -71,7 +75,34 @@ void SurfaceView::fitCanvas() {
     runtime_.queue.push_back({form_.source, Verb::Resize});
 }
 
+/// While an edge is dragged sizes may come faster than anybody sees them: each lasts a frame, and
+/// those that come meanwhile are one to the window system.
+void SurfaceView::awaitFrame() {
+    if (form_.surface.tidied().empty()) return;
+    const double left = redrawn_ + runtime_.backend.frameSeconds - runtime_.backend.clock();
+    if (left > 0) std::this_thread::sleep_for(std::chrono::duration<double>(left));
+    redrawn_ = runtime_.backend.clock();
+}
+
+/// A dozen cards drawn one after the other would take longer than a frame. What the opening screen
+/// shows is drawn as it comes: to ask others for help would cost the start more than it saves.
+void SurfaceView::preparePictures() const {
+    if (form_.surface.tidied().empty()) return;
+    std::vector<PictureCache::Wanted> wanted;
+    for (const Painted& entry : form_.surface.tidied()) {
+        const auto [width, height] = drawnSize(entry.box, form_.grid);
+        wanted.push_back({entry.picture, QSize(width, height)});
+    }
+    for (const Shown& shown : drawnNow())
+        wanted.push_back({shown.picture, toRect(shown.box).size()});
+    std::erase_if(wanted, [](const PictureCache::Wanted& one) {
+        return one.picture == picture::none || one.size.isEmpty();
+    });
+    pictures_.prepare(wanted);
+}
+
 void SurfaceView::redraw() {
+    preparePictures();
     canvas_.fill(toQt(form_.surface.backColor));
     for (const Painted& entry : form_.surface.tidied()) draw(entry);
     changed_ = rect();

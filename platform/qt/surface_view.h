@@ -64,6 +64,8 @@ private:
     };
 
     void fitCanvas();
+    void awaitFrame();
+    void preparePictures() const;
     void redraw();
     void draw(const Painted&);
     std::vector<Shown> drawnNow() const;
@@ -76,6 +78,7 @@ private:
     Form& form_;
     PictureCache& pictures_;
     QImage canvas_;
+    double redrawn_ = -1;  ///< when all that was painted was last drawn anew; the clock's seconds
     QRegion changed_;
     std::vector<Shown> shown_;
     Ring ring_;                   ///< as last shown

@@ -20,6 +20,7 @@
 
 #include "platform/pictures.h"
 #include "platform/qt/composition.h"
+#include "platform/qt/picture_cache.h"
 
 // What the game relies on in its drawings, and what an artist may spoil without noticing.
 
@@ -287,6 +288,18 @@ TEST(Shapes, APulledCoinIsNoticed) {
     const QImage coin = largestDrawing(draw(2, {106, 139}));
     const QImage pulled = coin.scaled(112, 139);
     EXPECT_GT(std::abs(proportion(pulled, isThere, pulled.rect()) - 1), 0.03);
+}
+
+TEST(Cache, DrawsSideBySideWhatItDrawsAlone) {
+    std::vector<PictureCache::Wanted> all;
+    for (int card = 1; card <= picture::back; ++card)
+        all.push_back({static_cast<Picture>(card), tableSize});
+    PictureCache prepared, other;
+    prepared.prepare(all);
+    for (const auto& [picture, size] : all)
+        EXPECT_EQ(prepared.image(picture, size.width(), size.height()),
+                  other.image(picture, size.width(), size.height()))
+            << int(picture);
 }
 
 TEST(Frames, LampsAndBannerHaveClearCorners) {
