@@ -12,9 +12,10 @@ struct Game;
 
 /// A card that can be pressed now, and where it lies.
 struct Pressable {
-    int id;
-    int row, column;  ///< of the table; a card of the hand has row 0, and its slot for a column
-    Box box;          ///< units
+    int id = 0;
+    int row = 0,
+        column = 0;  ///< of the table; a card of the hand has row 0, and its slot for a column
+    Box box;         ///< units
 };
 
 /// What the player may press now, row by row: the cards of the hand while one is wanted, those of
