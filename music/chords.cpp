@@ -82,7 +82,7 @@ std::string firstVoice(const std::string& abc) {
 }  // namespace
 
 Harmony readHarmony(const std::string& abc) {
-    static const std::regex symbol("\"([^\"]+)\""), rests("\\s*Z(\\d+)\\s*");
+    static const std::regex symbol("\"([^\"]+)\""), rests(R"(\s*Z(\d+)\s*)");
     Harmony bars;
     std::vector<Chord> last;
     std::istringstream text(firstVoice(abc));

@@ -77,7 +77,7 @@ constexpr std::array instruments = {Instrument{0, "Piano", 24, 96},
                                     Instrument{98, "Crystal", 55, 98}};
 
 const Instrument& instrumentOf(const Note& note) {
-    const auto found = std::ranges::find(instruments, note.instrument, &Instrument::number);
+    const auto* const found = std::ranges::find(instruments, note.instrument, &Instrument::number);
     if (found == instruments.end())
         throw std::runtime_error("instrument " + std::to_string(note.instrument) + " is new");
     return *found;

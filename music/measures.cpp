@@ -33,10 +33,9 @@ bool isDrum(const Note& note) {
 }  // namespace
 
 double silence(const Score& score, int voice) {
+    const auto isOfVoice = [=](const Note& note) { return note.voice == voice; };
     double ticks = 0;
-    for (const auto& [begin, end] :
-         rests(score, [=](const Note& note) { return note.voice == voice; }))
-        ticks += end - begin;
+    for (const auto& [begin, end] : rests(score, isOfVoice)) ticks += end - begin;
     return ticks / score.end;
 }
 
@@ -44,7 +43,8 @@ double longestWithoutRest(const Score& score) {
     constexpr double rest = 0.25;
     double longest = 0;
     Tick last = 0;
-    for (const auto& [begin, end] : rests(score, [](const Note&) { return true; })) {
+    const auto isAny = [](const Note&) { return true; };
+    for (const auto& [begin, end] : rests(score, isAny)) {
         if (score.secondsOf(end - begin) < rest && end < score.end) continue;
         longest = std::max(longest, score.secondsOf(begin - last));
         last = end;
