@@ -71,7 +71,7 @@ cp -r $folders $kept/plain
     # shellcheck disable=SC2086
     cppcheck --quiet --error-exitcode=1 --inline-suppr --cppcheck-build-dir=../cppcheck \
         --std=c++20 --language=c++ -I . --library=qt,googletest \
-        -DVELARDA_BUILD_FOLDER='""' -DVELARDA_SOUND_FONT='""' -DVELARDA_SYNTHESISER='""' \
+        -DVELARDA_BUILD_FOLDER='""' -DVELARDA_MUSIC_SOURCES='""' -DVELARDA_SYNTHESISER='""' \
         --enable=warning,performance,portability $folders
 ) || fail "cppcheck has found something."
 

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The sound files as they were built: whether every melody can be played, looped and told apart,
-// and whether they are equally loud and leave room for the sound of the card.
+// whether it is well written, and whether all are equally loud and leave room for the sound of the
+// card.
 
 #include <gtest/gtest.h>
 
@@ -13,15 +14,16 @@
 #include <filesystem>
 #include <fstream>
 #include <future>
-#include <map>
 #include <numeric>
 #include <set>
 #include <span>
 #include <sstream>
-#include <utility>
 #include <vector>
 
+#include "music/loudness.h"
+#include "music/score.h"
 #include "platform/sound/midi_file.h"
+#include "platform/sound/sound_font.h"
 #include "platform/sound/wave_file.h"
 #include "state/melodies.h"
 
@@ -48,111 +50,109 @@ fs::path melodyPath(const std::string& caption) {
     return buildFolder / "music" / (caption + ".mid");
 }
 
-/// What a melody is made of. Times are in ticks.
-struct Melody {
-    double seconds = 0;
-    std::uint32_t firstNote = ~0u, lastOff = 0;
-    std::uint32_t firstEnd = ~0u, end = 0;        ///< of the tracks with notes, of all
-    std::set<int> channels, instruments, pedals;  ///< drum kits begin at 128; pedals still held
-
-    /// As if the tempo did not change.
-    double secondsTo(std::uint32_t tick) const { return seconds * tick / end; }
-};
-
-/// Reads a track of a file that the game has found to be sound.
-class Track {
-public:
-    Track(Bytes bytes, Melody& melody) : bytes_(bytes), melody_(melody) {
-        while (!bytes_.done()) readEvent();
-        EXPECT_TRUE(sounding_.empty()) << "a note without its off";
-        if (hasNotes_) melody_.firstEnd = std::min(melody_.firstEnd, tick_);
-        melody_.end = std::max(melody_.end, tick_);
-    }
-
-private:
-    int byte() { return static_cast<int>(bytes_.bigEndian(1)); }
-
-    std::uint32_t variable() {
-        std::uint32_t value = 0, next = 0x80;
-        for (; next >= 0x80; value = value << 7 | (next & 0x7F)) next = bytes_.bigEndian(1);
-        return value;
-    }
-
-    void readEvent() {
-        tick_ += variable();
-        int first = byte();
-        if (first == 0xFF) {
-            byte();
-            bytes_.take(variable());
-            return;
-        }
-        if (first >= 0x80) status_ = std::exchange(first, byte());
-        const int kind = status_ >> 4, channel = status_ & 0x0F;
-        if (kind == 0xC) programs_[channel] = first;
-        if (kind == 0xC || kind == 0xD) return;
-        const int second = byte();
-        if (kind == 0xB && first == 64) melody_.pedals.erase(channel);
-        if (kind == 0xB && first == 64 && second >= 64) melody_.pedals.insert(channel);
-        if (kind == 0x8 || kind == 0x9) readNote(channel, first, kind == 0x9 && second > 0);
-    }
-
-    void readNote(int channel, int pitch, bool begins) {
-        constexpr int drums = 9;  // the channel
-        if (begins) {
-            hasNotes_ = true;
-            sounding_.insert({channel, pitch});
-            melody_.firstNote = std::min(melody_.firstNote, tick_);
-            melody_.channels.insert(channel);
-            melody_.instruments.insert(programs_[channel] + (channel == drums ? 128 : 0));
-        } else {
-            sounding_.erase({channel, pitch});
-            melody_.lastOff = std::max(melody_.lastOff, tick_);
-        }
-    }
-
-    ByteReader bytes_;
-    Melody& melody_;
-    std::uint32_t tick_ = 0;
-    int status_ = 0;
-    bool hasNotes_ = false;
-    std::map<int, int> programs_;             ///< by channel
-    std::set<std::pair<int, int>> sounding_;  ///< channel and pitch
-};
-
-/// Fails the test that asks where the file is missing or damaged.
-Melody readMelody(const std::string& caption) {
-    const std::string content = contentOf(melodyPath(caption));
-    Melody melody;
-    melody.seconds = melodySeconds(bytesOf(content)).value_or(0);
-    EXPECT_GT(melody.seconds, 0) << caption << " is refused by the game";
-    ByteReader file(bytesOf(content));
-    file.take(14);
-    while (!file.done()) {
-        file.take(4);
-        Track(file.take(file.bigEndian(4)), melody);
-    }
-    EXPECT_TRUE(melody.pedals.empty()) << caption << " has a pedal that is held to the end";
-    return melody;
+music::Score scoreOf(const std::string& caption) {
+    const std::string midi = contentOf(melodyPath(caption));
+    EXPECT_TRUE(melodySeconds(bytesOf(midi))) << caption << " is refused by the game";
+    return music::readScore(bytesOf(midi));
 }
 
-TEST(Melodies, LastOneToTwoMinutesAndLoopWithoutAGap) {
-    for (const std::string caption : captions) {
-        SCOPED_TRACE(caption);
-        const Melody m = readMelody(caption);
-        EXPECT_NEAR(m.seconds, 90, 30);
-        EXPECT_LE(m.secondsTo(m.firstNote), 0.6);
-        EXPECT_LE(m.seconds - m.secondsTo(m.lastOff), 0.6);
-        // A voice that ends before the others has lost beats, and would be heard over its own end.
-        EXPECT_LE(m.lastOff, m.firstEnd);
+class Melody : public testing::TestWithParam<const char*> {
+protected:
+    std::string placeOf(const music::Note& note) const {
+        return score_.placeOf(note.begin) + ": " + music::nameOf(note);
     }
+
+    const music::Score score_ = scoreOf(GetParam());
+    const music::Harmony harmony_ =
+        music::readHarmony(contentOf(fs::path(VELARDA_MUSIC_SOURCES) / GetParam() += ".abc"));
+};
+
+INSTANTIATE_TEST_SUITE_P(Melodies, Melody, testing::ValuesIn(captions.begin(), captions.end()),
+                         [](const auto& melody) { return std::string(melody.param); });
+
+TEST_P(Melody, LastsTwoToThreeAndAHalfMinutes) {
+    EXPECT_GE(score_.seconds, 120);
+    EXPECT_LE(score_.seconds, 210);
+}
+
+TEST_P(Melody, LoopsWithoutAGap) {
+    music::Tick lastOff = 0;
+    for (const music::Note& note : score_.notes) lastOff = std::max(lastOff, note.end);
+    EXPECT_LE(score_.secondsOf(score_.notes.front().begin), 0.6);
+    EXPECT_LE(score_.secondsOf(score_.end - lastOff), 0.6);
+    EXPECT_LE(lastOff, score_.firstEnd) << "a voice has lost beats, and is heard over its own end";
+    EXPECT_EQ(score_.held, 0) << "notes or pedals last beyond the end";
+}
+
+TEST_P(Melody, HasAReasonToGoOnAtItsEnd) {
+    EXPECT_NE(harmony_.back().back(), harmony_.front().front()) << "it ends as it begins";
+}
+
+TEST_P(Melody, HasChordsOverEveryBar) {
+    EXPECT_EQ(harmony_.size(), score_.bars());
+    for (std::size_t i = 0; i < harmony_.size(); ++i)
+        EXPECT_FALSE(harmony_[i].empty()) << "bar " << i + 1;
+}
+
+TEST_P(Melody, HasNoWrongNotes) {
+    for (const std::string& clash : music::clashes(score_, harmony_)) ADD_FAILURE() << clash;
+}
+
+TEST_P(Melody, TellsWhereAWrongNoteIs) {
+    // A voice that doubles the lowest one, half a tone beside it.
+    music::Score wrong = score_;
+    const auto bass = std::ranges::find_if(wrong.notes, [&](const music::Note& note) {
+        return note.pitch < 48 && note.begin > wrong.bar && note.begin % wrong.bar < 60;
+    });
+    ASSERT_NE(bass, wrong.notes.end());
+    const music::Note planted = {bass->begin, bass->end, 15, bass->instrument, bass->pitch + 1};
+    wrong.notes.push_back(planted);
+    const std::vector<std::string> found = music::clashes(wrong, harmony_);
+    EXPECT_TRUE(std::ranges::any_of(found, [&](const std::string& text) {
+        return text.starts_with(wrong.placeOf(planted.begin)) &&
+               text.find(music::nameOf(planted)) != std::string::npos;
+    })) << placeOf(planted);
+}
+
+TEST_P(Melody, LetsEveryVoiceRest) {
+    std::set<int> voices;
+    for (const music::Note& note : score_.notes) {
+        if (!voices.insert(note.voice).second) continue;
+        EXPECT_GE(music::silence(score_, note.voice), 0.1)
+            << "the share of silence of the voice that begins with " << placeOf(note);
+    }
+}
+
+TEST_P(Melody, BreathesAsAWhole) {
+    EXPECT_LE(music::longestWithoutRest(score_), 40) << "seconds without a rest of everybody";
+}
+
+TEST_P(Melody, StaysWhereItsInstrumentsSoundWell) {
+    for (const music::Note& note : score_.notes)
+        EXPECT_TRUE(music::isInGoodRegister(note)) << placeOf(note);
+}
+
+TEST_P(Melody, IsNotCrowded) {
+    EXPECT_LE(music::notesASecond(score_), 22);
+    EXPECT_LE(music::mostNotesASecond(score_), 32);
+}
+
+TEST_P(Melody, VariesItsDrums) {
+    const std::size_t rhythms = music::drumRhythms(score_);
+    if (rhythms == 0) return;  // it has no drums
+    EXPECT_GE(rhythms, 12u) << "bars of different rhythm in the drums";
 }
 
 TEST(Melodies, CanBeToldApart) {
     std::set<std::set<int>> bands;
     for (const std::string caption : captions) {
-        const Melody m = readMelody(caption);
-        EXPECT_GE(m.channels.size(), 3u) << caption;
-        EXPECT_TRUE(bands.insert(m.instruments).second) << caption << " has the band of another";
+        std::set<int> band, voices;
+        for (const music::Note& note : scoreOf(caption).notes) {
+            band.insert(note.instrument);
+            voices.insert(note.voice);
+        }
+        EXPECT_GE(voices.size(), 3u) << caption;
+        EXPECT_TRUE(bands.insert(band).second) << caption << " has the band of another";
     }
 }
 
@@ -191,35 +191,45 @@ TEST(CardSound, IsAShortCleanKnock) {
 }
 
 /// How loud a melody is while it lasts: the synthesiser goes on for some seconds after it.
-double renderedLoudness(const std::string& caption) {
+double renderedLoudness(const fs::path& bank, const std::string& caption) {
     constexpr int rate = 22050, sides = 2;
     const fs::path raw = buildFolder / "tests" / (caption + ".raw");
-    const std::string command =
-        "\"" VELARDA_SYNTHESISER "\" -niq -g 0.6 -O s16 -r " + std::to_string(rate) + " -F \"" +
-        raw.string() + "\" \"" VELARDA_SOUND_FONT "\" \"" + melodyPath(caption).string() + '"';
+    const std::string command = "\"" VELARDA_SYNTHESISER "\" -niq -g 0.6 -O s16 -r " +
+                                std::to_string(rate) + " -F \"" + raw.string() + "\" \"" +
+                                bank.string() + "\" \"" + melodyPath(caption).string() + '"';
     // NOLINTNEXTLINE(cert-env33-c,concurrency-mt-unsafe)  the test is alone in its process
     EXPECT_EQ(std::system(command.c_str()), 0);
     std::vector<int> samples = samplesOf(contentOf(raw));
     fs::remove(raw);
     EXPECT_LT(peak(samples), -1) << caption;
-    const Melody m = readMelody(caption);
-    samples.resize(static_cast<std::size_t>(m.secondsTo(m.lastOff) * rate) * sides);
-    const double squares = std::inner_product(samples.begin(), samples.end(), samples.begin(), 0.0);
-    return decibels(std::sqrt(squares / static_cast<double>(samples.size())));
+    samples.resize(static_cast<std::size_t>(scoreOf(caption).seconds * rate) * sides);
+    return music::loudness(samples, rate);
 }
 
-TEST(Loudness, IsTheSameForAllMelodiesAndBelowTheCard) {
-    if (!fs::exists(VELARDA_SOUND_FONT) || !fs::exists(VELARDA_SYNTHESISER))
-        GTEST_SKIP() << "no TimGM6mb.sf2, which the melodies were made for, or no fluidsynth";
+/// The sound banks that the melodies were balanced on.
+class Loudness : public testing::TestWithParam<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(Banks, Loudness, testing::Values("TimGM6mb", "FluidR3_GM"),
+                         [](const auto& bank) { return std::string(bank.param); });
+
+TEST_P(Loudness, IsTheSameForAllMelodiesAndBelowTheCard) {
+    fs::path bank;
+    for (const fs::path& folder : soundFontFolders())
+        if (fs::exists(folder / GetParam() += ".sf2")) bank = folder / GetParam() += ".sf2";
+    if (bank.empty() || !fs::exists(VELARDA_SYNTHESISER))
+        GTEST_SKIP() << "no " << GetParam() << ".sf2, or no fluidsynth";
     std::vector<double> levels(captions.size());
     const auto renderEveryOther = [&](std::size_t i) {
-        for (; i < levels.size(); i += 2) levels.at(i) = renderedLoudness(captions[i]);
+        for (; i < levels.size(); i += 2) levels.at(i) = renderedLoudness(bank, captions[i]);
     };
     auto half = std::async(std::launch::async, renderEveryOther, 1);
     renderEveryOther(0);
     half.get();
     const auto [softest, loudest] = std::ranges::minmax_element(levels);
-    EXPECT_LE(*loudest - *softest, 3) << testing::PrintToString(levels);
+    EXPECT_LE(*loudest - *softest, 2.5)
+        << captions[static_cast<std::size_t>(softest - levels.begin())] << " is softest, "
+        << captions[static_cast<std::size_t>(loudest - levels.begin())] << " is loudest of "
+        << testing::PrintToString(levels);
     const std::string card = contentOf(buildFolder / "carta.wav").substr(cardHeader);
     EXPECT_GE(peak(samplesOf(card)), *loudest + 10) << "the card drowns in the music";
 }
