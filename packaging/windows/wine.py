@@ -30,16 +30,22 @@ class Wine:
     """A Windows of its own, in a folder, on a screen."""
 
     def __init__(self, screen, folder, scale=1):
-        self.screen, self.prefix = screen, Path(folder)
+        self.screen, self.prefix, self.scale = screen, Path(folder), scale
         self.environment = {k: v for k, v in screen.environment.items() if k != "QT_QPA_PLATFORM"}
         self.environment |= {
-            "WINEPREFIX": str(self.prefix), "WINEDEBUG": "-all", "QT_SCALE_FACTOR": str(scale),
+            "WINEPREFIX": str(self.prefix), "WINEDEBUG": "-all",
             # Neither other run-time systems are offered for download, nor Linux's menus changed.
             "WINEDLLOVERRIDES": "mscoree,mshtml,winemenubuilder.exe="}
 
     def __enter__(self):
         self.run("wineboot", "--init")
         self.be("win10")  # Wine is an older one by itself
+        for font in ("Segoe UI", "Tahoma"):  # it lacks these, and would take any other
+            self.run("reg", "add", r"HKCU\Software\Wine\Fonts\Replacements", "/f", "/v", font,
+                     "/d", "DejaVu Sans")
+        self.run("reg", "add", r"HKCU\Control Panel\Desktop", "/f", "/v", "LogPixels", "/t",
+                 "REG_DWORD", "/d", 96 * self.scale)
+        self._tell_server("--wait")  # what is started from now on takes it up
         return self
 
     def be(self, version):
@@ -128,12 +134,10 @@ class Player(Monkey):
     """Plays with what can be seen, on either system."""
 
     most = 11  # cards of which sets are tried
-    height_of_bar = None
 
     def bar(self):
-        if self.height_of_bar is None:
-            self.height_of_bar = next(row for row in range(10, 100) if self.seen(1, row) in GROUNDS)
-        return self.height_of_bar
+        column = self.windows()[0].get_image(1, 0, 1, 100, X.ZPixmap, 0xFFFFFF).data
+        return next(row for row in range(10, 100) if column[4 * row:4 * row + 3] in GROUNDS)
 
     def seen(self, x, y):
         """The colour of a place of the window, blue first."""
@@ -173,8 +177,8 @@ class Player(Monkey):
             self.key(key)
             time.sleep(0.2)
 
-    def press_continue(self):
-        """Of the score sheet, from which the table comes back."""
+    def press_new_game(self):
+        """On the score sheet of a single game."""
         left, top, width, height = self.place(self.windows()[0])
         self.press(left + width * 200 // 800, top + height * 535 // 600)
         wait_until(lambda: self.kind() == "table", "the table does not come back")
