@@ -4,6 +4,11 @@
 // velarda-sim: plays the real game without a window, in bulk, and says what happened.
 // docs/SIMULATOR.md tells how to use it and what it prints.
 
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
+
 #include <charconv>
 #include <chrono>
 #include <csignal>
@@ -229,6 +234,9 @@ int simulate(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+#ifdef _WIN32
+    _setmode(_fileno(stdout), _O_BINARY);  // the same bytes on every machine
+#endif
 #ifdef SIGPIPE
     std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is reported like a full disk
 #endif

@@ -13,12 +13,12 @@
 #include <cmath>
 #include <functional>
 #include <random>
-#include <thread>
 #include <utility>
 
 #include "platform/events.h"
 #include "platform/form.h"
 #include "platform/qt/settings_store.h"
+#include "platform/qt/short_sleep.h"
 #include "platform/qt/surface_view.h"
 #include "platform/qt/told_surface.h"
 #include "platform/sound/sdl_player.h"
@@ -71,7 +71,7 @@ void Desktop::wait(double until) {
         const double left = std::min(until - clock(), longestSleep);
         if (left <= 0) return;
         if (left < shortestAlarm) {
-            std::this_thread::sleep_for(std::chrono::duration<double>(left));
+            sleepShortly(left);
             return;
         }
         if (!std::isinf(until)) {

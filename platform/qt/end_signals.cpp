@@ -1,12 +1,16 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
+//
+// The way of Linux and of systems like it.
 
 #include "platform/qt/end_signals.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <QSocketNotifier>
 #include <csignal>
+#include <utility>
 
 namespace {
 
@@ -33,20 +37,22 @@ int openPipe() {
 
 }  // namespace
 
-EndSignals::EndSignals(std::function<void()> asked)
-    : notifier_(openPipe(), QSocketNotifier::Read), asked_(std::move(asked)) {
-    QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this] {
+EndSignals::EndSignals(std::function<void()> asked) {
+    auto notifier = std::make_unique<QSocketNotifier>(openPipe(), QSocketNotifier::Read);
+    const auto answer = [asked = std::move(asked)] {
         char bytes[16];
         while (read(ends[0], bytes, sizeof bytes) > 0) {
         }
-        asked_();
-    });
+        asked();
+    };
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(), answer);
+    listener_ = std::move(notifier);
     for (const int signal : endings) std::signal(signal, onSignal);
 }
 
 EndSignals::~EndSignals() {
     for (const int signal : endings) std::signal(signal, SIG_DFL);
-    notifier_.setEnabled(false);
+    listener_.reset();
     close(ends[0]);
     close(ends[1]);
 }

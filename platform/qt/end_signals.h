@@ -3,11 +3,13 @@
 
 #pragma once
 
-#include <QSocketNotifier>
+#include <QObject>
 #include <functional>
+#include <memory>
 
-/// Calls back, on the main thread, when the process is asked to end (Ctrl-C, SIGTERM, SIGHUP).
-/// One of these may live at a time.
+/// Calls back, on the main thread, when the process is asked to end from outside its windows: by
+/// Ctrl-C, SIGTERM or SIGHUP, or on Windows by the user's logging off. One of these may live at a
+/// time.
 class EndSignals {
 public:
     explicit EndSignals(std::function<void()> asked);
@@ -16,6 +18,5 @@ public:
     EndSignals& operator=(const EndSignals&) = delete;
 
 private:
-    QSocketNotifier notifier_;
-    std::function<void()> asked_;
+    std::unique_ptr<QObject> listener_;
 };

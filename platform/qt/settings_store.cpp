@@ -3,15 +3,14 @@
 
 #include "platform/qt/settings_store.h"
 
-#include <unistd.h>
-
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-#include <cstdio>
 #include <optional>
+
+#include "platform/qt/file_replacement.h"
 
 namespace {
 
@@ -42,10 +41,9 @@ bool replace(const std::string& path, const std::string& text) {
     if (!file.open(QIODevice::NewOnly | QIODevice::Unbuffered)) return false;
     if (old.exists()) file.setPermissions(old.permissions());
     const auto size = static_cast<qint64>(text.size());
-    const bool whole = file.write(text.data(), size) == size && fsync(file.handle()) == 0;
+    const bool whole = file.write(text.data(), size) == size && bringToDisk(file);
     file.close();
-    const bool done = whole && std::rename(QFile::encodeName(file.fileName()).constData(),
-                                           QFile::encodeName(place).constData()) == 0;
+    const bool done = whole && takePlace(file.fileName(), place);
     if (!done) file.remove();
     return done;
 }

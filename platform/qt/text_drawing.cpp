@@ -11,6 +11,13 @@
 
 namespace {
 
+#ifdef Q_OS_WIN
+/// The one of that name is made of dots there, in a few sizes.
+constexpr QLatin1String family("Segoe UI");
+#else
+constexpr QLatin1String family("MS Sans Serif");
+#endif
+
 double pixelsPerPoint() {
     const QScreen* screen = QGuiApplication::primaryScreen();
     return (screen ? screen->logicalDotsPerInchY() : 96) / 72;
@@ -23,7 +30,7 @@ QColor toQt(Colour colour) {
 }
 
 QFont sansSerif(float points, bool bold, double height) {
-    QFont font(QStringLiteral("MS Sans Serif"));
+    QFont font(family);
     font.setStyleHint(QFont::SansSerif);
     font.setBold(bold);
     const double wanted = static_cast<double>(points) * pixelsPerPoint();

@@ -15,7 +15,8 @@ public:
 
     bool isLoaded() const { return handle_ != nullptr; }
 
-    /// A function of the library, or of those that it is linked with; null when there is none.
+    /// A function of the library, or, on Linux, of those that it is linked with; null when there
+    /// is none.
     template <class Function>
     Function find(const char* name) const {
         return reinterpret_cast<Function>(address(name));

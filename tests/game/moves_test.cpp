@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <set>
 
 #include "state/cards.h"
@@ -60,7 +61,7 @@ private:
         EXPECT_NEAR(passed, low * 10 / rate_ + more, 1e-6) << "player " << g_.giocatore;
     }
 
-    long cardsOnTable() const {
+    std::ptrdiff_t cardsOnTable() const {
         const auto lies = [this](Place at) { return g_.tavolo(at.row, at.column) != 0; };
         return std::ranges::count_if(tableOrder, lies);
     }

@@ -47,10 +47,14 @@ class Monkey(Game):
             return self.press(left + across * width, top + 535 / 600 * height)
         self.play_table(window)
 
+    def bar(self):
+        """The height of the menu bar."""
+        return 22 * float(os.environ.get("QT_SCALE_FACTOR", 1))
+
     def play_table(self, window):
         """Presses what may be wanted now: GO, the cards of the hand, cards of the table."""
         left, top, width, height = self.place(window)
-        bar = 22 * float(os.environ.get("QT_SCALE_FACTOR", 1))
+        bar = self.bar()
 
         def at(x, y):  # in the units of the game
             return left + int(x * width / 800), top + int(bar + y * (height - bar) / 600)
