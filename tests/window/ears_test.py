@@ -91,10 +91,11 @@ class Listener:
             look(desktop.get_child_at_index(index))
         return things
 
-    def press(self, name):
-        """Presses what has this name, or begins with it."""
+    def press(self, name, where=""):
+        """Presses what has this name, or begins with it and says that it is there."""
         def there():
-            return [thing for key, thing in self.shown().items() if key.startswith(name)]
+            return [thing for key, thing in self.shown().items()
+                    if key.startswith(name) and where in key]
         self.wait(there, "not shown: " + name)
         assert Atspi.Action.do_action(there()[0], 0), "no press: " + name
 
@@ -121,7 +122,7 @@ def play_turn(ears, table):
     chosen = choose(outcome[3], table)
     assert set(chosen) <= set(table), "%s is asked for of %s" % (outcome[0], table)
     for chosen_card in chosen:
-        ears.press(chosen_card + ", table")
+        ears.press(chosen_card, ", table, row")
         if chosen_card != chosen[-1]:
             ears.next("%s marked" % chosen_card)
             ears.wait(lambda: ears.cards(", taken"), "no card is told as taken")
