@@ -134,6 +134,7 @@ def try_folder():
                 other.expect_settings(settings(3, 3))
                 other.end()
             wait_for_opening(one)
+            time.sleep(1)  # for the focus to come back
             one.press(9, 1000)
             one.choose("Alt+p", 1)
             one.expect_settings(settings(12, 2))

@@ -193,12 +193,6 @@ class Player(Monkey):
         assert found() == expected, "%s holds %r, not %r" % (file, found(), expected)
 
 
-class LinuxGame(Player):
-    def __init__(self, screen, program):
-        super().__init__(screen, program, 1)
-        self.cards, self.given = 100, b" 0 \r\n 2 \r\n 100 \r\n"
-
-
 class WindowsGame(Player):
     """The game under Wine; `folder` is where it lies, `start` what starts it."""
 
