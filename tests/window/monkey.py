@@ -207,7 +207,8 @@ if __name__ == "__main__":
                                 ("pace", 1.0, "of the program's clock"), ("seed", 1, "at first")):
         parser.add_argument("--" + option, type=type(value), default=value, help=text)
     wish = parser.parse_args()
-    os.environ["LSAN_OPTIONS"] = "print_suppressions=0:suppressions=%s/leaks.supp" % sys.path[0]
+    # The quotes are for folders with blanks.
+    os.environ["LSAN_OPTIONS"] = "print_suppressions=0:suppressions='%s/leaks.supp'" % sys.path[0]
     os.environ["ASAN_OPTIONS"] = "verify_asan_link_order=0"
     sys.exit(any([one_run(wish.program, wish.seconds, wish.pace, seed)
                   for seed in range(wish.seed, wish.seed + wish.runs)]))
