@@ -59,7 +59,7 @@ void Robot::pressAt(float x, float y, int button) {
 }
 
 /// Leads the ring to one of what can be pressed, and presses it.
-void Robot::keyInto(int entry) {
+void Robot::keyInto(int entry) const {
     key(Key::Home);
     for (int i = 0; i < entry; ++i) key(Key::Right);
     key(Key::Press);

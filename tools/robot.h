@@ -36,7 +36,7 @@ public:
     bool holds(int slot) const;  ///< a card is to be seen in the slot
 
 private:
-    void keyInto(int entry);
+    void keyInto(int entry) const;
     int chooseSelection();
     void playHandCard();
     void select();
