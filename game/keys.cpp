@@ -42,10 +42,15 @@ std::vector<Pressable> onTheTable(const Game& g) {
     return found;
 }
 
-/// Expects the ring to be in use and some card to be there.
+/// Expects some card to be there.
 void putRing(Game& g, const std::vector<Pressable>& cards, int ringed) {
     g.ringed = std::clamp(ringed, 0, static_cast<int>(cards.size()) - 1);
     g.frmscopa.ring = cards[static_cast<std::size_t>(g.ringed)].box;
+}
+
+/// Where it shows, `ringed` is one of what can be pressed now; else it may be left from before.
+bool ringShows(const Game& g) {
+    return g.frmscopa.ring.right > g.frmscopa.ring.left;
 }
 
 /// Of the nearest row with cards above or below, the card that lies nearest; where there is none,
@@ -89,14 +94,13 @@ void moveRing(Game& g, Key key) {
     // There is no row above the hand and none below it: who listens hears the table once more.
     if (g.fase == "gioco1" && (key == Key::Up || key == Key::Down)) tellTable(g);
     const bool arrow = key != Key::Home && key != Key::End;
-    const bool shows = g.ringInUse || !arrow;
-    putRing(g, cards, shows ? ringedAfter(key, cards, g.ringed) : g.ringed);
+    putRing(g, cards, ringShows(g) || !arrow ? ringedAfter(key, cards, g.ringed) : g.ringed);
     g.ringInUse = true;
 }
 
 void pressRinged(Game& g) {
     const auto cards = pressable(g);
-    if (!g.ringInUse || cards.empty()) return tellRefusal(g);
+    if (!ringShows(g) || cards.empty()) return tellRefusal(g);
     press(g, cards[static_cast<std::size_t>(g.ringed)]);
 }
 

@@ -135,6 +135,23 @@ TEST(Ring, GoesWithTheCardAndComesBackAtTheNextChoice) {
     EXPECT_EQ(seen, (std::vector{3, 1, 2}));
 }
 
+TEST(Ring, IsNotUsedUnseenWhileASweepIsJudged) {
+    Player player("", {2, 3, 11}, {5});
+    player.g.ringInUse = true;
+    player.backend.time.user = [&](double until) {
+        const bool choosing = until == never;
+        if (choosing) player.keys({Key::End, Key::Press});
+        if (until == atOnce && player.g.fase == "selezione") {
+            player.keys({Key::Press});
+            EXPECT_TRUE(player.g.queue.empty()) << "there is no ring to press in";
+        }
+        return choosing;
+    };
+    frmscopa::gioco1(player.g);
+    frmscopa::verifica(player.g);
+    EXPECT_EQ(notation(player.presa()), notation({5}));
+}
+
 TEST(Escape, ClosesThePanelInFront) {
     Player player("gioco1");
     Game& g = player.g;
