@@ -93,7 +93,7 @@ void FormWindow::present() {
     for (const auto& [entry, action] : checkable_) action->setChecked(entry->Checked);
     view_->present();
     // Drawing the icon takes a while, and the first picture of the window should not wait for it.
-    if (windowIcon().isNull()) setWindowIcon(programIcon());
+    if (view_->hasBeenSeen() && windowIcon().isNull()) setWindowIcon(programIcon());
 }
 
 void FormWindow::comeForward(bool asIcon) {

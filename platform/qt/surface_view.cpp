@@ -52,9 +52,8 @@ SurfaceView::SurfaceView(Runtime& runtime, Form& form, PictureCache& pictures, Q
 }
 
 QRect SurfaceView::toWidget(const PixelBox& box) const {
-    const double ratio = canvas_.devicePixelRatio();
-    const auto down = [ratio](int pixel) { return static_cast<int>(std::floor(pixel / ratio)); };
-    const auto up = [ratio](int pixel) { return static_cast<int>(std::ceil(pixel / ratio)); };
+    const auto down = [this](int pixel) { return static_cast<int>(std::floor(pixel / ratio_)); };
+    const auto up = [this](int pixel) { return static_cast<int>(std::ceil(pixel / ratio_)); };
     return QRect(QPoint(down(box.left), down(box.top)),
                  QPoint(up(box.right) - 1, up(box.bottom) - 1));
 }
@@ -63,12 +62,13 @@ void SurfaceView::fitCanvas() {
     const double ratio = devicePixelRatio();
     const QSize size(std::max(1, static_cast<int>(std::lround(width() * ratio))),
                      std::max(1, static_cast<int>(std::lround(height() * ratio))));
-    if (canvas_.size() == size && canvas_.devicePixelRatio() == ratio) return;
+    if (size_ == size && ratio_ == ratio) return;
     awaitFrame();
     // A window whose edge is dragged would fill the memory with sizes that never come again.
     pictures_.clear();
-    canvas_ = QImage(size, QImage::Format_RGB32);
-    canvas_.setDevicePixelRatio(ratio);
+    canvas_ = {};
+    size_ = size;
+    ratio_ = ratio;
     form_.grid = {size.width() / static_cast<double>(unitsAcross),
                   size.height() / static_cast<double>(unitsDown), ratio};
     redraw();
@@ -103,27 +103,32 @@ void SurfaceView::preparePictures() const {
 
 void SurfaceView::redraw() {
     preparePictures();
-    canvas_.fill(toQt(form_.surface.backColor));
     for (const Painted& entry : form_.surface.tidied()) draw(entry);
     changed_ = rect();
 }
 
 void SurfaceView::painted(const Painted& entry) {
-    if (canvas_.isNull()) return;
+    if (!isFitted()) return;
     draw(entry);
     changed_ += toWidget(toPixels(entry.box, form_.grid));
 }
 
 void SurfaceView::cleared() {
-    if (canvas_.isNull()) return;
-    canvas_.fill(toQt(form_.surface.backColor));
+    if (!isFitted()) return;
+    if (!canvas_.isNull()) canvas_.fill(toQt(form_.surface.backColor));
     changed_ = rect();
 }
 
+/// A surface on which nothing has been painted needs none: a colour is quicker shown.
+void SurfaceView::makeCanvas() {
+    if (!canvas_.isNull()) return;
+    canvas_ = QImage(size_, QImage::Format_RGB32);
+    canvas_.fill(toQt(form_.surface.backColor));
+}
+
 void SurfaceView::draw(const Painted& entry) {
+    makeCanvas();
     QPainter painter(&canvas_);
-    // From here on coordinates are the canvas's own pixels.
-    painter.scale(1 / canvas_.devicePixelRatio(), 1 / canvas_.devicePixelRatio());
     if (entry.picture == picture::none) {
         painter.fillRect(toRect(toPixels(entry.box, form_.grid)), toQt(entry.colour));
         return;
@@ -186,11 +191,12 @@ PixelBox SurfaceView::ringed() const {
 }
 
 void SurfaceView::present() {
-    if (canvas_.isNull() || !isVisible()) return;
+    if (!isFitted() || !isVisible()) return;
     findChangedControls();
-    if (changed_.isEmpty()) return;
+    if (changed_.isEmpty() && !untold_) return;
     // Where nobody has asked for what is seen, nobody is told of what changes.
     if (tell_) tell_();
+    untold_ = false;
     const QRegion region = changed_;
     changed_ = {};
     repaint(region);
@@ -207,13 +213,21 @@ void SurfaceView::drawControl(QPainter& painter, const Shown& shown) const {
 }
 
 void SurfaceView::paintEvent(QPaintEvent* event) {
-    if (canvas_.isNull()) return;
+    if (!isFitted()) return;
     QPainter painter(this);
-    painter.drawImage(0, 0, canvas_);
-    painter.scale(1 / canvas_.devicePixelRatio(), 1 / canvas_.devicePixelRatio());
+    // From here on coordinates are the screen's own pixels.
+    painter.scale(1 / ratio_, 1 / ratio_);
+    if (canvas_.isNull())
+        painter.fillRect(QRect({0, 0}, size_), toQt(form_.surface.backColor));
+    else
+        painter.drawImage(0, 0, canvas_);
     for (const Shown& shown : shown_)
         if (event->region().intersects(toWidget(shown.box))) drawControl(painter, shown);
     drawRing(painter, ring_);
+    // Asked for by the window system, as after a change of size, it need not be shown once more.
+    untold_ = untold_ || changed_.intersects(event->region());
+    changed_ -= event->region();
+    hasBeenSeen_ = true;
 }
 
 void SurfaceView::resizeEvent(QResizeEvent*) {
@@ -230,7 +244,7 @@ void SurfaceView::press(const PixelBox& box) {
 }
 
 void SurfaceView::mousePressEvent(QMouseEvent* event) {
-    const QPointF place = event->position() * canvas_.devicePixelRatio();
+    const QPointF place = event->position() * ratio_;
     pressPixel(qFloor(place.x()), qFloor(place.y()), buttonNumber(event->button()));
 }
 

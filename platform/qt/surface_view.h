@@ -36,6 +36,8 @@ public:
     QString name() const;
     /// From now on calls this whenever something has changed.
     void tellChanges(std::function<void()> tell) { tell_ = std::move(tell); }
+    /// Whether a picture of it has been on the screen.
+    bool hasBeenSeen() const { return hasBeenSeen_; }
     PixelBox ringed() const;  ///< the place in the ring; empty where there is none
 
 protected:
@@ -63,7 +65,9 @@ private:
         bool operator==(const Shown&) const = default;
     };
 
+    bool isFitted() const { return size_.isValid(); }
     void fitCanvas();
+    void makeCanvas();
     void awaitFrame();
     void preparePictures() const;
     void redraw();
@@ -77,9 +81,13 @@ private:
     Runtime& runtime_;
     Form& form_;
     PictureCache& pictures_;
-    QImage canvas_;
+    QSize size_;        ///< in the screen's own pixels
+    double ratio_ = 1;  ///< of those to the widget's
+    QImage canvas_;     ///< none where nothing is painted
+    bool hasBeenSeen_ = false;
     double redrawn_ = -1;  ///< when all that was painted was last drawn anew; the clock's seconds
-    QRegion changed_;
+    QRegion changed_;      ///< since it was last shown
+    bool untold_ = false;  ///< of what was shown meanwhile a reader has not heard
     std::vector<Shown> shown_;
     Ring ring_;                   ///< as last shown
     std::function<void()> tell_;  ///< from the moment at which somebody asks what is seen

@@ -1,8 +1,8 @@
 // Velarda, a card game of the Scopa family.
 // SPDX-License-Identifier: MIT
 
-// What the window system draws on the game's colours: option bars and text panels. They are the
-// same in a light and in a dark colour scheme.
+// What the window system draws on the game's colours: option bars and text panels, the same in a
+// light and in a dark colour scheme. And how often a surface is painted, and who hears of it.
 
 #include <gtest/gtest.h>
 
@@ -174,6 +174,39 @@ TEST(Keys, HeldDownPressNoButtonAgain) {
         QCoreApplication::sendEvent(go, &event);
         EXPECT_EQ(opening.g.queue.empty(), again);
     }
+}
+
+/// Counts how often a widget is painted.
+struct Paints : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) ++count;
+        return false;
+    }
+    int count = 0;
+};
+
+TEST(Surface, IsPaintedOnceForASize) {
+    Opening opening;
+    FormWindow& window = opening.window(opening.g.frmscopa);
+    Paints paints;
+    window.view().installEventFilter(&paints);
+    window.resize(900, 700);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(1, paints.count) << "when the window system asks";
+    opening.present();
+    EXPECT_EQ(1, paints.count) << "when the game shows what it has painted, which is shown already";
+}
+
+TEST(Surface, TellsAReaderWhatTheWindowSystemWasTheFirstToShow) {
+    Opening opening;
+    SurfaceView& view = opening.window(opening.g.frmscopa).view();
+    int told = 0;
+    view.tellChanges([&] { ++told; });
+    Line(opening.g.frmscopa, 10, 10, 20, 20, 0, LineStyle::BF);
+    view.repaint();
+    EXPECT_EQ(0, told) << "in the middle of painting";
+    opening.present();
+    EXPECT_EQ(1, told);
 }
 
 TEST(Letters, StayInsideOfTheirBoxes) {
