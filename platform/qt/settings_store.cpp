@@ -14,12 +14,12 @@
 
 namespace {
 
-constexpr qint64 mostBytes = 4096;  ///< far beyond three numbers
+constexpr qint64 longestFile = 4096;  ///< far beyond three numbers
 
 std::optional<std::string> contents(const std::string& path) {
     QFile file(QString::fromStdString(path));
     if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) return std::nullopt;
-    return file.read(mostBytes).toStdString();
+    return file.read(longestFile).toStdString();
 }
 
 bool later(const std::string& path, const std::string& other) {

@@ -29,7 +29,7 @@ std::string entry(std::string name, Words values) {
     return name + words(values);
 }
 
-constexpr std::size_t period = 100, end = 20 * period, rate = 44100, key = 69;
+constexpr std::size_t period = 100, end = 20 * period, sampleRate = 44100, key = 69;
 
 std::string tone() {
     constexpr std::size_t silenceThatTheFormatAsksFor = 46;
@@ -58,7 +58,7 @@ std::string soundBank(int programs, bool drums) {
         chunk("inst", entry("Tone", {0}) + entry("", {1})) + chunk("ibag", words({0, 0, 2, 0})) +
         chunk("imod", noModulators) + chunk("igen", words({loops, 1, playsSample, 0, 0, 0})) +
         chunk("shdr",
-              entry("Tone", {0, 0, end, 0, period, 0, end - period, 0, rate, 0, key, 0, 1}) +
+              entry("Tone", {0, 0, end, 0, period, 0, end - period, 0, sampleRate, 0, key, 0, 1}) +
                   entry("", {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
     return chunk("RIFF", "sfbk" + chunk("LIST", "INFO" + chunk("ifil", words({2, 1}))) +
                              chunk("LIST", "sdta" + chunk("smpl", tone())) +
