@@ -43,8 +43,6 @@ bool Room::isFreeFor(const std::vector<Shape>& all) const {
 
 namespace {
 
-constexpr double leastLean = 0.32;  ///< in radians; less cannot be counted at a glance
-
 /// From the middle of one sign to that of the next, n of them in a length.
 double pitch(double length, int n, double sign, bool toTheEnds) {
     const double gap = (length - n * sign) / (n + 1);
@@ -88,8 +86,10 @@ std::vector<Way> waysToSet(const QByteArray& rows, QSizeF index, bool apart) {
         const bool single = std::all_of(counts.begin(), counts.end(), [](int n) { return n == 1; });
         for (const auto direction : {Way::lying, Way::standing, Way::diagonal}) {
             if (direction == Way::diagonal && (!single || apart)) continue;
+            // A diagonal reaches into the upper part of a card, which is all that a fan shows of
+            // it.
             const double liking =
-                (&one == &all.first() ? 1 : 0.85) * (direction == Way::diagonal ? 0.94 : 1);
+                (&one == &all.first() ? 1 : 0.85) * (direction == Way::diagonal ? 1.006 : 1);
             if (apart) {
                 // One above the other rather than side by side.
                 ways.push_back(
@@ -128,9 +128,9 @@ Setting largestSetting(const std::vector<Way>& ways, const QRectF& field, QSizeF
     return best;
 }
 
-Bundle bundleIn(QSizeF cell, QSizeF sign, double widest) {
+Bundle bundleIn(QSizeF cell, QSizeF sign, double least, double widest) {
     Bundle best;
-    for (double lean = leastLean; lean < widest; lean += 0.02) {
+    for (double lean = least; lean < widest; lean += 0.02) {
         const QSizeF size(sign.height() * std::sin(lean) + sign.width() * std::cos(lean),
                           sign.height() * std::cos(lean) + sign.width() * std::sin(lean));
         const double scale = std::min(cell.width() / size.width(), cell.height() / size.height());

@@ -81,9 +81,9 @@ struct Bundle {
     double area() const { return size.isValid() ? size.width() * size.height() : 0; }
 };
 
-/// Two signs along the diagonals of a cell, so long and so wide apart as fills it best; widest is
-/// in radians.
-Bundle bundleIn(QSizeF cell, QSizeF sign, double widest);
+/// Two signs along the diagonals of a cell, so long and so wide apart as fills it best; least and
+/// widest are in radians.
+Bundle bundleIn(QSizeF cell, QSizeF sign, double least, double widest);
 
 /// A field without so much on either side.
 QRectF inside(const QRectF& field, QSizeF inset);

@@ -166,6 +166,8 @@ QByteArray Composition::crossed(const QByteArray& tag) {
     const QSizeF sign = sizeOf(tag, "href-size"), lying = sizeOf(tag, "between-size");
     const double widest = attribute(tag, "upright").isEmpty() ? 0.87 : 0.6;
     const bool two = attribute(tag, "bundles") == "2";
+    // In radians. Less cannot be counted at a glance; one bundle has longer signs.
+    const double least = two ? 0.32 : 0.2;
     const QPointF centre = field_.center();
     Bundle best;
     QPointF first = centre;
@@ -179,7 +181,7 @@ QByteArray Composition::crossed(const QByteArray& tag) {
             const double strip = lying.isValid() ? lying.width() * scale + 6 : 5;
             if (two && beside) field.setRight(centre.x() - strip / 2);
             if (two && !beside) field.setBottom(centre.y() - strip / 2);
-            const Bundle tried = bundleIn(field.size(), sign, widest);
+            const Bundle tried = bundleIn(field.size(), sign, least, widest);
             if (tried.area() <= best.area()) continue;
             best = tried;
             first = field.center();
