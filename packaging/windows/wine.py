@@ -194,22 +194,31 @@ class Player(Monkey):
             self.key(key)
         wait_until(lambda: not self.windows(menus=True), "the menu %s does not close" % menu)
 
-    def new_game(self):
-        """The place of this button on the sheet of a single game, in its window."""
+    def left_button(self):
+        """Its place on the score sheet, in the window."""
         _, _, width, height = self.place(self.windows()[0])
         return width * 200 // 800, height * 535 // 600
 
     def is_at_sheet(self):
         """It is there, and painted as far as its buttons."""
         with contextlib.suppress(*GONE):
-            return self.kind() == "sheet" and self.seen(*self.new_game()) not in (ORANGE, BLACK)
+            return self.kind() == "sheet" and self.seen(*self.left_button()) not in (ORANGE, BLACK)
         return False
 
-    def press_new_game(self):
-        left, top, _, _ = self.place(self.windows()[0])
-        across, down = self.new_game()
-        self.press(left + across, top + down)
-        wait_until(lambda: self.kind() == "table", "the table does not come back")
+    def has_cards(self):
+        with contextlib.suppress(*GONE):
+            return self.kind() == "table" and self.seen(*self.unit(400, 541)) not in GROUNDS
+        return False
+
+    def begin_anew(self):
+        """From the score sheet of a single game; a draw is played off before."""
+        while not self.is_asked_for_the_kind():
+            left, top, _, _ = self.place(self.windows()[0])
+            across, down = self.left_button()
+            self.press(left + across, top + down)
+            wait_until(lambda: self.is_asked_for_the_kind() or self.has_cards(), "no table")
+            if self.has_cards():
+                self.play_until(self.is_at_sheet, "no second score sheet")
 
     def expect_settings(self, expected, folder=None):
         file = (folder or self.folder) / SETTINGS
