@@ -156,7 +156,7 @@ def try_kills(wine, folder):
 
 
 def try_read_only():
-    """In a folder that cannot be written, settings go to the user's own."""
+    """Settings that cannot be written go to the user's own folder; without a sound device."""
     with windows() as wine:
         folder = portable(wine)
         own = wine.user / "AppData/Local/velarda"
@@ -166,12 +166,14 @@ def try_read_only():
             game.choose("Alt+p", 0)
             game.expect_settings(settings(12, 1), own)
             game.end()
-        with WindowsGame(wine, folder) as game:
+        with WindowsGame(wine, folder, SDL_AUDIODRIVER="wasapi") as game:
             wait_for_opening(game)
             game.choose("Alt+m", 1)
             game.expect_settings(settings(1, 1), own)
+            game.play_until(game.has_cards, "no cards are dealt")
+            game.end("Alt+F4")
         assert (folder / SETTINGS).read_bytes() == DELIVERED, "the delivered settings have changed"
-    return "settings in the user's application data"
+    return "settings in the user's application data; played without a sound device"
 
 
 def photographed(scale):
