@@ -93,7 +93,7 @@ def try_installer():
             game.expect_settings(settings(12, 3))
             game.play_until(game.is_at_sheet, "no score sheet")
             save_picture(kept / "windows-sheet.png", wine.screen.root)
-            game.begin_anew()
+            game.press_on()
             game.choose("Alt+m", 6)
             game.expect_settings(settings(6, 3))
             game.end("Alt+F4")

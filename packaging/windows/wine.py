@@ -173,7 +173,7 @@ class Player(Monkey):
             if self.kind() == "table":
                 self.play_table(self.windows()[0])
 
-    def play_until(self, condition, what, seconds=240):
+    def play_until(self, condition, what, seconds=600):
         wait_until(lambda: self.play() or condition(), what, seconds)
 
     def has_keys(self):
@@ -210,15 +210,12 @@ class Player(Monkey):
             return self.kind() == "table" and self.seen(*self.unit(400, 541)) not in GROUNDS
         return False
 
-    def begin_anew(self):
-        """From the score sheet of a single game; a draw is played off before."""
-        while not self.is_asked_for_the_kind():
-            left, top, _, _ = self.place(self.windows()[0])
-            across, down = self.left_button()
-            self.press(left + across, top + down)
-            wait_until(lambda: self.is_asked_for_the_kind() or self.has_cards(), "no table")
-            if self.has_cards():
-                self.play_until(self.is_at_sheet, "no second score sheet")
+    def press_on(self):
+        """On the score sheet: NEW GAME, or CONTINUE after a draw."""
+        left, top, _, _ = self.place(self.windows()[0])
+        across, down = self.left_button()
+        self.press(left + across, top + down)
+        wait_until(lambda: self.kind() == "table", "the table does not come back")
 
     def expect_settings(self, expected, folder=None):
         file = (folder or self.folder) / SETTINGS
