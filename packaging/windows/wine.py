@@ -20,7 +20,7 @@ from virtual_screen import PATIENCE, wait_until  # noqa: E402
 # Colours, blue first: of the table, of an option, and of all that lies below the menu bar.
 CLOTH, PAPER = b"\0\x70\0", b"\xc0\xff\xff"
 BLUE = b"\xff\0\0"
-ORANGE, BLACK = b"\0\x80\xff", b"\0\0\0"  # of the score sheet; of a window without a picture
+ORANGE = b"\0\x80\xff"  # of the score sheet
 GROUNDS = (CLOTH, BLUE, b"\xff\x50\0")
 GONE = (error.BadWindow, error.BadDrawable, error.BadMatch, AttributeError, IndexError,
         StopIteration)  # one window gives way to another
@@ -200,9 +200,11 @@ class Player(Monkey):
         return width * 200 // 800, height * 535 // 600
 
     def is_at_sheet(self):
-        """It is there, and painted as far as its buttons."""
+        """It is there, and painted as far as its buttons: at first it has the table's pixels."""
         with contextlib.suppress(*GONE):
-            return self.kind() == "sheet" and self.seen(*self.left_button()) not in (ORANGE, BLACK)
+            _, _, width, height = self.place(self.windows()[0])
+            return (self.kind() == "sheet" and self.seen(width - 9, height - 9) == ORANGE and
+                    self.seen(*self.left_button()) != ORANGE)
         return False
 
     def has_cards(self):
