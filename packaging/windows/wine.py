@@ -20,6 +20,7 @@ from virtual_screen import PATIENCE, wait_until  # noqa: E402
 # Colours, blue first: of the table, of an option, and of all that lies below the menu bar.
 CLOTH, PAPER = b"\0\x70\0", b"\xc0\xff\xff"
 BLUE = b"\xff\0\0"
+ORANGE = b"\0\x80\xff"  # of the score sheet
 GROUNDS = (CLOTH, BLUE, b"\xff\x50\0")
 GONE = (error.BadWindow, error.BadDrawable, error.BadMatch, AttributeError, IndexError,
         StopIteration)  # one window gives way to another
@@ -35,9 +36,13 @@ class Wine:
         self.environment |= {
             "WINEPREFIX": str(self.prefix), "WINEDEBUG": "-all",
             # Neither other run-time systems are offered for download, nor Linux's menus changed.
-            "WINEDLLOVERRIDES": "mscoree,mshtml,winemenubuilder.exe="}
+            "WINEDLLOVERRIDES": "mscoree,mshtml,winemenubuilder.exe=",
+            "TMPDIR": str(self.prefix),  # Debian's leaves a folder there for ever
+            # It has no synthesiser here, and after asking for one a few times in vain it breaks.
+            "SDL_MIXER_DISABLE_NATIVEMIDI": "1"}
 
     def __enter__(self):
+        self.prefix.mkdir(exist_ok=True)
         self.run("wineboot", "--init")
         self.be("win10")  # Wine is an older one by itself
         for font in ("Segoe UI", "Tahoma"):  # it lacks these, and would take any other
@@ -168,19 +173,50 @@ class Player(Monkey):
             if self.kind() == "table":
                 self.play_table(self.windows()[0])
 
-    def play_until(self, condition, what, seconds=240):
+    def play_until(self, condition, what, seconds=600):
         wait_until(lambda: self.play() or condition(), what, seconds)
+
+    def has_keys(self):
+        """Whether keys come to the front window."""
+        with contextlib.suppress(*GONE):
+            return self.screen.display.get_input_focus().focus.id == self.windows()[0].id
+        return False
+
+    def open_menu(self, letter):
+        wait_until(self.has_keys, "the keys go elsewhere")
+        self.key(letter)
+        wait_until(lambda: self.windows(menus=True), "the menu %s does not open" % letter)
 
     def choose(self, menu, entry):
         """By the keyboard: the menu by its letter, an entry by its number from the top."""
-        for key in (menu, *["Down"] * entry, "Return"):
+        self.open_menu(menu)
+        for key in (*["Down"] * entry, "Return"):
             self.key(key)
-            time.sleep(0.2)
+        wait_until(lambda: not self.windows(menus=True), "the menu %s does not close" % menu)
 
-    def press_new_game(self):
-        """On the score sheet of a single game."""
-        left, top, width, height = self.place(self.windows()[0])
-        self.press(left + width * 200 // 800, top + height * 535 // 600)
+    def left_button(self):
+        """Its place on the score sheet, in the window."""
+        _, _, width, height = self.place(self.windows()[0])
+        return width * 200 // 800, height * 535 // 600
+
+    def is_at_sheet(self):
+        """It is there, and painted as far as its buttons: at first it has the table's pixels."""
+        with contextlib.suppress(*GONE):
+            _, _, width, height = self.place(self.windows()[0])
+            return (self.kind() == "sheet" and self.seen(width - 9, height - 9) == ORANGE and
+                    self.seen(*self.left_button()) != ORANGE)
+        return False
+
+    def has_cards(self):
+        with contextlib.suppress(*GONE):
+            return self.kind() == "table" and self.seen(*self.unit(400, 541)) not in GROUNDS
+        return False
+
+    def press_on(self):
+        """On the score sheet: NEW GAME, or CONTINUE after a draw."""
+        left, top, _, _ = self.place(self.windows()[0])
+        across, down = self.left_button()
+        self.press(left + across, top + down)
         wait_until(lambda: self.kind() == "table", "the table does not come back")
 
     def expect_settings(self, expected, folder=None):

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -113,22 +114,50 @@ double secondsOf(Score score, std::uint32_t ticksPerQuarter) {
     return microseconds * 1e-6;
 }
 
-}  // namespace
+struct Piece {
+    Score score;
+    std::uint32_t ticksPerQuarter = 0;
+    double seconds() const { return secondsOf(score, ticksPerQuarter); }
+};
 
-std::optional<double> melodySeconds(Bytes file) {
+std::optional<Piece> readPiece(Bytes file) {
     ByteReader reader(file);
     if (!reader.takeName("MThd") || reader.bigEndian(4) != 6) return std::nullopt;
     const std::uint32_t format = reader.bigEndian(2), tracks = reader.bigEndian(2);
-    const std::uint32_t ticksPerQuarter = reader.bigEndian(2);
+    Piece piece{.score = {}, .ticksPerQuarter = reader.bigEndian(2)};
     if (format > 1 || tracks == 0 || tracks > 64) return std::nullopt;
-    if (ticksPerQuarter == 0 || ticksPerQuarter > 0x7FFF) return std::nullopt;
-    Score score;
+    if (piece.ticksPerQuarter == 0 || piece.ticksPerQuarter > 0x7FFF) return std::nullopt;
     for (std::uint32_t i = 0; i < tracks; ++i) {
         if (!reader.takeName("MTrk")) return std::nullopt;
-        if (!readTrack(ByteReader(reader.take(reader.bigEndian(4))), score)) return std::nullopt;
+        const Bytes track = reader.take(reader.bigEndian(4));
+        if (!readTrack(ByteReader(track), piece.score)) return std::nullopt;
     }
-    if (score.end > std::numeric_limits<std::int32_t>::max()) return std::nullopt;
-    const double seconds = secondsOf(std::move(score), ticksPerQuarter);
+    if (piece.score.end > std::numeric_limits<std::int32_t>::max()) return std::nullopt;
+    return piece;
+}
+
+}  // namespace
+
+std::optional<double> melodySeconds(Bytes file) {
+    const std::optional<Piece> piece = readPiece(file);
+    const double seconds = piece ? piece->seconds() : 0;
     if (seconds < 0.5 || seconds > 3600) return std::nullopt;
     return seconds;
+}
+
+std::vector<unsigned char> withEventAtEnd(Bytes file) {
+    constexpr std::size_t headSize = 14, formatPlace = 9, tracksPlace = 11;
+    constexpr std::uint64_t longestWait = 0xFFFFFFF;
+    std::vector<unsigned char> longer(file.begin(), file.end());
+    const std::optional<Piece> piece = readPiece(file);
+    if (!piece || piece->score.end > longestWait) return longer;
+    std::string track("MTrk\0\0\0\x0B", 8);
+    for (const int shift : {21, 14, 7, 0})
+        track += static_cast<char>((piece->score.end >> shift & 127) | (shift > 0 ? 128 : 0));
+    track.append("\x80\0\0", 3);      // the lowest note ends, which has not begun
+    track.append("\0\xFF\x2F\0", 4);  // and the track
+    longer[formatPlace] = 1;          // of several tracks
+    ++longer[tracksPlace];
+    longer.insert(longer.begin() + headSize, track.begin(), track.end());
+    return longer;
 }

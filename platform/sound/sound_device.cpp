@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/sound/melody_bytes.h"
 #include "platform/sound/midi_file.h"
 #include "platform/sound/sound_file.h"
 #include "platform/sound/sound_font.h"
@@ -38,7 +39,9 @@ Melody loadMelody(const fs::path& path) {
     if (!mixer || !length) return melody;
     const fs::path font = findSoundFont(mixer->soundFonts(), soundFontFolders());
     if (!font.empty()) mixer->setSoundFonts(font.string().c_str());
-    melody.music = {mixer->loadMelody(opened(*mixer, file), MUS_MID, SDL_TRUE), mixer->freeMelody};
+    const std::vector<unsigned char> played = melodyBytes(file);
+    melody.music = {mixer->loadMelody(opened(*mixer, played), MUS_MID, SDL_TRUE),
+                    mixer->freeMelody};
     melody.length = seconds(*length);
     mixer->leaveThread();
     return melody;

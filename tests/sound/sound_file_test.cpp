@@ -40,6 +40,14 @@ TEST(MidiFile, ThatBreaksOffIsRefusedWhereverItDoes) {
         EXPECT_FALSE(melodySeconds(bytesOf(melody.substr(0, i)))) << "after byte " << i;
 }
 
+TEST(MidiFile, CanBeGivenAnEventWhereItEndsAndIsAsLongAsBefore) {
+    const std::vector<unsigned char> longer = withEventAtEnd(bytesOf(melody));
+    EXPECT_DOUBLE_EQ(melodySeconds(longer).value_or(0), 1.5);
+    const std::string waitsForTheEnd("\x80\x80\x8F\x50", 4), endsLowestNote("\x80\0\0", 3);
+    const std::string text(longer.begin(), longer.end());
+    EXPECT_NE(text.find(waitsForTheEnd + endsLowestNote), text.npos) << "no event after 2000 ticks";
+}
+
 TEST(WaveFile, IsBelievedUpToTheLargestSound) {
     const std::string wave = clickingWave(100);
     EXPECT_TRUE(plausibleWave(bytesOf(wave)));
