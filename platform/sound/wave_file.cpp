@@ -24,8 +24,8 @@ bool plausibleWave(Bytes file) {
     if (!reader.takeName("WAVEfmt ")) return false;
     ByteReader format(takeChunk(reader));
     format.take(2);
-    const std::uint32_t channels = format.littleEndian(2), rate = format.littleEndian(4);
-    if (channels < 1 || channels > 2 || rate < 4'000 || rate > 192'000) return false;
+    const std::uint32_t channels = format.littleEndian(2), frequency = format.littleEndian(4);
+    if (channels < 1 || channels > 2 || frequency < 4'000 || frequency > 192'000) return false;
     while (!reader.done()) {
         // A file may break off, but as much memory is asked for as it promises.
         if (reader.takeName("data")) return reader.littleEndian(4) <= largestSoundFile;
