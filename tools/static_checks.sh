@@ -50,7 +50,7 @@ hardened "its tables stay writable" 'GNU_RELRO'
 hardened "its stack is executable" 'GNU_STACK .* RW +0x'
 hardened "its stack has no protector" ' U __stack_chk_fail'
 # Whether a call can be fortified depends on the call, so the commands are looked at.
-compiled=$(ninja -C build -t commands velarda | grep -E '\.c(pp|xx)"?$' | grep -v /.rcc/) ||
+compiled=$(ninja -C build -t commands velarda | grep -E "\.c(pp|xx)['\"]?\$" | grep -v /.rcc/) ||
     fail "build/velarda: how it was compiled is not known."
 if echo "$compiled" | grep -v _FORTIFY_SOURCE=2 >&2; then
     fail "build/velarda: calls are not fortified."
