@@ -27,6 +27,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# Tests are run under Wine, in a locale in which it finds folders of any name. Debian's leaves a folder
-# in TMPDIR for ever.
+# Tests are run under Wine, in a locale in which it finds folders of any name. Debian's leaves a
+# folder in TMPDIR for ever.
 set(CMAKE_CROSSCOMPILING_EMULATOR env LC_ALL=C.UTF-8 "TMPDIR=${CMAKE_BINARY_DIR}" wine)

@@ -86,8 +86,7 @@ std::vector<Way> waysToSet(const QByteArray& rows, QSizeF index, bool apart) {
         const bool single = std::all_of(counts.begin(), counts.end(), [](int n) { return n == 1; });
         for (const auto direction : {Way::lying, Way::standing, Way::diagonal}) {
             if (direction == Way::diagonal && (!single || apart)) continue;
-            // A diagonal reaches into the upper part of a card, which is all that a fan shows of
-            // it.
+            // A diagonal reaches into the upper part of a card, all that is seen of it in a fan.
             const double liking =
                 (&one == &all.first() ? 1 : 0.85) * (direction == Way::diagonal ? 1.006 : 1);
             if (apart) {

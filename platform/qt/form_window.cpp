@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 #include <cmath>
 
@@ -43,6 +44,7 @@ FormWindow::FormWindow(Runtime& runtime, Form& form, PictureCache& pictures)
     resize(screen()->availableSize() * 3 / 4);
     buildMenu();
     takeControls();
+    view_->installEventFilter(this);
 }
 
 FormWindow::~FormWindow() = default;
@@ -92,8 +94,6 @@ void FormWindow::present() {
     placeFocus();
     for (const auto& [entry, action] : checkable_) action->setChecked(entry->Checked);
     view_->present();
-    // Drawing the icon takes a while, and the first picture of the window should not wait for it.
-    if (view_->hasBeenSeen() && windowIcon().isNull()) setWindowIcon(programIcon());
 }
 
 void FormWindow::comeForward(bool asIcon) {
@@ -133,6 +133,15 @@ void FormWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange)
         form_.WindowState = isMinimized() ? minimised : isMaximized() ? maximised : 0;
     QWidget::changeEvent(event);
+}
+
+/// Drawing the icon takes a while: it comes after the first picture of the window.
+bool FormWindow::eventFilter(QObject* view, QEvent* event) {
+    if (event->type() == QEvent::Paint) {
+        view->removeEventFilter(this);
+        QTimer::singleShot(0, this, [this] { setWindowIcon(programIcon()); });
+    }
+    return false;
 }
 
 void FormWindow::resizeEvent(QResizeEvent*) {

@@ -36,6 +36,7 @@ public:
 protected:
     void closeEvent(QCloseEvent*) override;
     void changeEvent(QEvent*) override;
+    bool eventFilter(QObject* view, QEvent*) override;
     void resizeEvent(QResizeEvent*) override;
 
 private:

@@ -227,7 +227,6 @@ void SurfaceView::paintEvent(QPaintEvent* event) {
     // Asked for by the window system, as after a change of size, it need not be shown once more.
     untold_ = untold_ || changed_.intersects(event->region());
     changed_ -= event->region();
-    hasBeenSeen_ = true;
 }
 
 void SurfaceView::resizeEvent(QResizeEvent*) {

@@ -36,8 +36,6 @@ public:
     QString name() const;
     /// From now on calls this whenever something has changed.
     void tellChanges(std::function<void()> tell) { tell_ = std::move(tell); }
-    /// Whether a picture of it has been on the screen.
-    bool hasBeenSeen() const { return hasBeenSeen_; }
     PixelBox ringed() const;  ///< the place in the ring; empty where there is none
 
 protected:
@@ -81,10 +79,9 @@ private:
     Runtime& runtime_;
     Form& form_;
     PictureCache& pictures_;
-    QSize size_;        ///< in the screen's own pixels
-    double ratio_ = 1;  ///< of those to the widget's
-    QImage canvas_;     ///< none where nothing is painted
-    bool hasBeenSeen_ = false;
+    QSize size_;           ///< in the screen's own pixels
+    double ratio_ = 1;     ///< of those to the widget's
+    QImage canvas_;        ///< none where nothing is painted
     double redrawn_ = -1;  ///< when all that was painted was last drawn anew; the clock's seconds
     QRegion changed_;      ///< since it was last shown
     bool untold_ = false;  ///< of what was shown meanwhile a reader has not heard
